@@ -1,0 +1,184 @@
+// gameconfig.cfg: sixteen fixed lines. The reader takes every setting from its
+// own line and every number from its own column; it never searches for keys.
+
+#include "app/config.h"
+#include "app/log.h"
+#include "app/startup.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+GameSettings settings = {0, 1, 5, 1, 10, 10};
+
+// Options-screen hook: the sliders and the record of the values last applied
+// take the numbers read here. The options screen installs it.
+void (*configReadHook)() = nullptr;
+
+double convertToDouble(const std::string &text)
+{
+    std::istringstream in(text);
+    double value;
+    if (!(in >> value))
+        throw BadConversion("convertToDouble(\"" + text + "\")");
+    return value;
+}
+
+static const char *const corruptedLog = "# ERROR! # Config file corrupted. Please reinstall.";
+static const char *const corruptedMessage = "Config file corrupted. Please reinstall.";
+
+static std::string valueFrom(const std::string &line, size_t column)
+{
+    return line.size() > column ? line.substr(column) : std::string();
+}
+
+// Truncated toward zero as the game has always read them. A value outside the
+// int range cannot have come from this game, so it counts as damage too.
+static bool readNumber(const std::string &line, size_t column, int *out)
+{
+    double value;
+    try {
+        value = convertToDouble(valueFrom(line, column));
+    } catch (const BadConversion &) {
+        return false;
+    }
+    if (!(value > -2147483648.0 && value < 2147483648.0))
+        return false;
+    *out = (int)value;
+    return true;
+}
+
+bool readConfigFrom(const char *path, std::string *error)
+{
+    std::ifstream in(path);
+    if (!in.is_open()) {
+        logLine("# ERROR! # Cannot load gameconfig.cfg!");
+        *error = "Cannot load gameconfig.cfg!";
+        return false;
+    }
+
+    GameSettings read = settings;
+    std::string line;
+    for (int number = 1; number <= 14; number++) {
+        if (!std::getline(in, line))
+            line.clear();  // a short file reads as empty lines, which then fail their checks
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+
+        bool ok = true;
+        switch (number) {
+        case 5:
+            if (line == "SCREENMODE = FULLSCREEN")
+                read.fullscreen = 1;
+            else if (line == "SCREENMODE = WINDOWED")
+                read.fullscreen = 0;
+            else
+                ok = false;
+            break;
+        case 6:
+            if (line == "COLORDEPTH = 32")
+                read.colorDepth32 = 1;
+            else if (line == "COLORDEPTH = 16")
+                read.colorDepth32 = 0;
+            else
+                ok = false;
+            break;
+        case 9:  ok = readNumber(line, 14, &read.scrollSpeed); break;
+        case 10: ok = readNumber(line, 13, &read.gameLevel); break;
+        case 13: ok = readNumber(line, 15, &read.soundVolume); break;
+        case 14: ok = readNumber(line, 15, &read.musicVolume); break;
+        default: break;
+        }
+        if (!ok) {
+            logLine("%s", corruptedLog);
+            *error = corruptedMessage;
+            return false;
+        }
+    }
+    settings = read;
+    return true;
+}
+
+void readConfig()
+{
+    logLine("Reading gameconfig.cfg...");
+    char path[1100];
+    snprintf(path, sizeof path, "%s/gameconfig.cfg", DataRoot);
+    std::string error;
+    if (!readConfigFrom(path, &error))
+        fatalError("%s", error.c_str());
+    if (configReadHook)
+        configReadHook();
+    logLine("Successfully read gameconfig.cfg");
+}
+
+std::string configText()
+{
+    std::string s;
+    s += ":: Delvemoor Config File\n";
+    s += std::string(":: GAME_VERSION: ") + GAME_VERSION + "\n";
+    s += "\n";
+    s += ":: GRAPHICS MODE\n";
+    s += settings.fullscreen ? "SCREENMODE = FULLSCREEN\n" : "SCREENMODE = WINDOWED\n";
+    s += settings.colorDepth32 ? "COLORDEPTH = 32\n" : "COLORDEPTH = 16\n";
+    s += "\n";
+    s += ":: GAME\n";
+    s += "SCROLLSPEED = " + std::to_string(settings.scrollSpeed) + "\n";
+    s += "GAME_LEVEL = " + std::to_string(settings.gameLevel) + "\n";
+    s += "\n";
+    s += ":: SOUND\n";
+    s += "SOUND VOLUME = " + std::to_string(settings.soundVolume) + "\n";
+    s += "MUSIC VOLUME = " + std::to_string(settings.musicVolume) + "\n";
+    s += "\n";
+    s += ":: EOF";
+    return s;
+}
+
+static bool writeAll(int fd, const std::string &text)
+{
+    size_t done = 0;
+    while (done < text.size()) {
+        ssize_t n = write(fd, text.data() + done, text.size() - done);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        done += (size_t)n;
+    }
+    return true;
+}
+
+// Written beside the old file and renamed over it only once it is complete
+// and on disk, so a crash or a full disk during the write leaves the previous
+// settings intact.
+bool writeConfigTo(const char *path)
+{
+    std::string temporary = std::string(path) + ".new";
+    int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (fd < 0)
+        return false;
+    bool ok = writeAll(fd, configText()) && fsync(fd) == 0;
+    ok = (close(fd) == 0) && ok;
+    if (!ok || rename(temporary.c_str(), path) != 0) {
+        unlink(temporary.c_str());
+        return false;
+    }
+    return true;
+}
+
+void writeConfig()
+{
+    logLine("Writing gameconfig.cfg...");
+    char path[1100];
+    snprintf(path, sizeof path, "%s/gameconfig.cfg", DataRoot);
+    if (!writeConfigTo(path)) {
+        logLine("# ERROR! # Cannot save to gameconfig.cfg!");
+        fatalError("Cannot save to gameconfig.cfg!");
+    }
+    logLine("Successfully wrote gameconfig.cfg");
+}

@@ -1,0 +1,88 @@
+#include "app/game.h"
+#include "app/config.h"
+#include "app/launch.h"
+#include "app/log.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "render/draw.h"
+#include "render/textures.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+// Where "Visit Website" on the exit screen takes the player.
+static const char WEBSITE_ADDRESS[] = "https://delvemoor.example.org/";
+
+// Closing the window is the player's way of saying "quit now": the game ends
+// through the same shut-down as the exit screen.
+static volatile int closeButtonPressed = 0;
+
+static void onCloseButton()
+{
+    closeButtonPressed = 1;
+}
+END_OF_FUNCTION(onCloseButton)
+
+void runMainLoop()
+{
+    while (!quitRequested) {
+        samplePointer();
+        sampleInput();
+        runOwedTicks();
+        clearToBlack();
+        renderScreen(currentScreen);
+        presentFrame();
+        framesThisSecond++;
+        rest(0);
+        checkGlError();
+        if (openManualRequested) {
+            char path[1100];
+            snprintf(path, sizeof path, "%s/manual.html", DataRoot);
+            openWithShell(path);
+            openManualRequested = 0;
+            quitRequested = 1;
+        }
+        if (closeButtonPressed)
+            quitRequested = 1;
+    }
+}
+
+void shutDown()
+{
+    endFrame2D();
+    logLine("Starting shutdown routines...");
+    writeConfig();
+    releaseGameData();
+    set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
+    allegro_exit();
+    // The browser starts in the user's home rather than in the game directory,
+    // which may go away with an uninstall while the browser still runs.
+    if (openWebsiteAfterExit)
+        openWithShell(WEBSITE_ADDRESS, getenv("HOME"));
+    closeLog();
+}
+
+int runGame()
+{
+    startLibraries();
+    readConfig();
+    setVideoMode();
+    LOCK_VARIABLE(closeButtonPressed);
+    LOCK_FUNCTION(onCloseButton);
+    set_close_button_callback(onCloseButton);
+    logSoundStartup();
+
+    beginFrame2D();
+    runLoadScreen();
+    endFrame2D();
+
+    beginFrame2D();
+    installTimers();
+    if (!quitRequested)
+        runMainLoop();
+    shutDown();
+    return 0;
+}

@@ -1,0 +1,413 @@
+// The spine of the game: screen states, the fade through black between them,
+// the per-frame input snapshot, the shared pulses and the tick timer.
+
+#include "app/screens.h"
+#include "app/log.h"
+#include "audio/audio.h"
+#include "frontend/screens.h"
+#include "game/mission.h"
+#include "game/status.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/textures.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+
+u32 currentScreen = Intro;
+TransitionState transition = {0.0f, 0, 0, 0, 0, 0, 0};
+InputSnapshot input = {};
+
+std::atomic<int32_t> tickCounter{0};
+std::atomic<int32_t> framesThisSecond{0};
+std::atomic<int32_t> framesPerSecond{0};
+
+float pulseA = 0.0f, pulseB = 0.0f;
+static float pulseSpeedA = 0.04f, pulseSpeedB = 0.02f;
+static bool pulseRisingA = true, pulseRisingB = true;
+
+byte quitRequested = 0;
+byte openManualRequested = 0;
+byte openWebsiteAfterExit = 0;
+
+static bool introStarted = false;
+
+// ---------------------------------------------------------------------------
+// Dispatch: one row per screen id in use. A missing handler does nothing.
+
+
+static void pausedFrame()
+{
+    gameScreenFrame();
+    pausePanelFrame();
+}
+
+static void missionCompleteFrame()
+{
+    gameScreenFrame();
+    missionCompletePanelFrame();
+}
+
+static void missionFailedFrame()
+{
+    gameScreenFrame();
+    missionFailedPanelFrame();
+}
+
+static void passwordFrame()
+{
+    gameSelectFrame();
+    passwordPanelFrame();
+}
+
+ScreenHandlers screenTable[] = {
+    {MainMenu, mainMenuTick, mainMenuFrame},
+    {CreditsScreen, creditsTick, creditsFrame},
+    {Playing, gameUpdate, gameScreenFrame},
+    {LevelEditor, editorTick, editorFrame},
+    {Paused, nullptr, pausedFrame},
+    {GameSelect, gameSelectTick, gameSelectFrame},
+    {Options, optionsTick, optionsFrame},
+    {MissionComplete, nullptr, missionCompleteFrame},
+    {Help, nullptr, helpFrame},
+    {MissionFailed, nullptr, missionFailedFrame},
+    {Transition, transitionTick, transitionFrame},
+    {Intro, introTick, introFrame},
+    {SlowDriverWarning, nullptr, slowDriverFrame},
+    {PasswordEntry, passwordEntryTick, passwordFrame},
+    {ExitScreen, exitScreenTick, exitScreenFrame},
+};
+
+ScreenHandlers *handlersFor(u32 id)
+{
+    for (ScreenHandlers &row : screenTable)
+        if (row.id == id)
+            return &row;
+    return nullptr;
+}
+
+void runScreenLogic(u32 id)
+{
+    ScreenHandlers *row = handlersFor(id);
+    if (row && row->logic)
+        row->logic();
+}
+
+void renderScreen(u32 id)
+{
+    ScreenHandlers *row = handlersFor(id);
+    if (row && row->render)
+        row->render();
+}
+
+// ---------------------------------------------------------------------------
+// Changing screens
+
+void setScreen(u32 id)
+{
+    // The slow-driver warning belongs to start-up alone.
+    if (id == SlowDriverWarning)
+        return;
+    switch (id) {
+    case MainMenu:
+        missionMessage = 1;
+        resetMission();
+        break;
+    case Playing:
+        setStatus("");
+        break;
+    case LevelEditor:
+        clear_keybuf();
+        setStatus("");
+        break;
+    case Transition:
+        transition.alpha = 0.0f;
+        setStatus("");
+        transition.phase = 0;
+        break;
+    case MissionComplete:
+        SoundRequest = 8;
+        break;
+    case MissionFailed:
+        SoundRequest = 7;
+        break;
+    default:
+        break;
+    }
+    currentScreen = id;
+    if (id == Playing)
+        prefillGameStars();
+}
+
+void startTransition(u32 from, u32 to, u32 starfieldMode)
+{
+    currentScreen = Transition;
+    transition.to = to;
+    transition.from = from;
+    transition.alpha = 0.0f;
+    transition.starfieldMode = starfieldMode;
+}
+
+static void transitionSwitchActions()
+{
+    switch (transition.to) {
+    case MainMenu:
+        if (transition.from == Intro)
+            blackoutWait(10);
+        requestMusic(0);
+        break;
+    case CreditsScreen:
+        requestMusic(1);
+        break;
+    case Playing:
+        requestMusic(2);
+        enterChosenLevel(transition.from == GameSelect);
+        break;
+    case GameSelect:
+        enterGameSelect();
+        break;
+    default:
+        break;
+    }
+}
+
+void transitionTick()
+{
+    // Compared in double precision: the float alpha passes 1.2 on the 16th tick.
+    if ((double)transition.alpha > 1.2 && !transition.switchLatch)
+        transition.switchLatch = 1;
+
+    if ((double)transition.alpha > 1.2 || transition.phase == 1) {
+        runScreenLogic(transition.to);
+        transition.alpha -= 0.08f;
+        transition.phase = 1;
+        if (transition.switchLatch)
+            transitionSwitchActions();
+    } else {
+        runScreenLogic(transition.from);
+        transition.alpha += 0.08f;
+    }
+
+    if (transition.starfieldMode == StarfieldMenu)
+        prefillStars();
+    else if (transition.starfieldMode == StarfieldGame)
+        prefillGameStars();
+    transition.starfieldMode = StarfieldKeep;
+    transition.switchLatch = 0;
+}
+
+static void blackVeil(float alpha)
+{
+    resetDrawState();
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, alpha);
+}
+
+void transitionFrame()
+{
+    if (transition.phase == 0) {
+        renderScreen(transition.from);
+        blackVeil(transition.alpha);
+        return;
+    }
+    if (transition.quitWhenDark)
+        quitRequested = 1;
+    renderScreen(transition.to);
+    blackVeil(transition.alpha);
+    if (transition.alpha <= 0.0f) {
+        setScreen(transition.to);
+        transition.alpha = 0.0f;
+        transition.phase = 0;
+    }
+}
+
+// Holds the screen black for n + 1 ticks without running any logic, and
+// swallows the ticks that piled up while a level or the catalogue loaded.
+bool consumeBlackoutTicks(int *countdown)
+{
+    bool active = true;
+    while (tickCounter > 0) {
+        tickCounter--;
+        (*countdown)--;
+        if (*countdown < 0)
+            active = false;
+    }
+    return active;
+}
+
+void blackoutWait(int n)
+{
+    int countdown = n;
+    bool active = true;
+    while (active) {
+        active = consumeBlackoutTicks(&countdown);
+        clearToBlack();
+        blackVeil(1.0f);
+        presentFrame();
+        rest(0);
+    }
+}
+
+// ---------------------------------------------------------------------------
+// Intro
+
+void introTick()
+{
+    if (introStarted)
+        return;
+    introStarted = true;
+    startTransition(Intro, MainMenu, StarfieldMenu);
+    requestMusic(0);
+}
+
+void introFrame()
+{
+    resetDrawState();
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0.3f, 0.3f, 0.3f, 1.0f);
+    drawTexture(320, 260, IntroTextures[0], 1, 1, 1, 1);
+    drawTexture(320, 160, IntroTextures[1], 1, 1, 1, 1);
+}
+
+void resetIntro()
+{
+    introStarted = false;
+}
+
+// ---------------------------------------------------------------------------
+// Input
+
+void samplePointer()
+{
+    input.pointerX = (float)mouse_x;
+    input.pointerY = (float)(SCREEN_HEIGHT - mouse_y);
+}
+
+void sampleInputFrom(const RawInput &raw)
+{
+    if (input.leftPressed)
+        input.leftHeld = 1;
+    if (input.rightPressed)
+        input.rightHeld = 1;
+    if (!(raw.mouseButtons & 1))
+        input.leftHeld = 0;
+    if (!(raw.mouseButtons & 2))
+        input.rightHeld = 0;
+
+    input.escape = raw.escape;
+    input.up = raw.up;
+    input.down = raw.down;
+    input.left = raw.left;
+    input.right = raw.right;
+    input.keyA = raw.keyA;
+    input.keyZ = raw.keyZ;
+    input.space = raw.space;
+    input.leftPressed = 0;
+    input.rightPressed = 0;
+
+    // The editor paints while the button is held, so it sees a press every frame.
+    if (currentScreen == LevelEditor) {
+        input.leftHeld = 0;
+        input.rightHeld = 0;
+    }
+    if (!input.leftHeld && (raw.mouseButtons & 1))
+        input.leftPressed = 1;
+    if (!input.rightHeld && (raw.mouseButtons & 2))
+        input.rightPressed = 1;
+}
+
+void sampleInput()
+{
+    RawInput raw;
+    raw.escape = key[KEY_ESC] ? 1 : 0;
+    raw.up = key[KEY_UP] ? 1 : 0;
+    raw.down = key[KEY_DOWN] ? 1 : 0;
+    raw.left = key[KEY_LEFT] ? 1 : 0;
+    raw.right = key[KEY_RIGHT] ? 1 : 0;
+    raw.keyA = key[KEY_A] ? 1 : 0;
+    raw.keyZ = key[KEY_Z] ? 1 : 0;
+    raw.space = key[KEY_SPACE] ? 1 : 0;
+    raw.mouseButtons = mouse_b;
+    raw.mouseX = mouse_x;
+    raw.mouseY = mouse_y;
+    sampleInputFrom(raw);
+}
+
+// ---------------------------------------------------------------------------
+// Shared pulses: two glows that breathe between 0 and 1, slower near the ends.
+
+static void advancePulse(float &value, float &speed, bool &rising)
+{
+    float step = 3.0f * speed;
+    value += rising ? step : -step;
+    if (value < 0.0f)
+        rising = true;
+    if (value > 1.0f)
+        rising = false;
+    if (value <= 0.1f)
+        speed = 0.007f;
+    else if (value > 0.1f && value < 0.9f)
+        speed = 0.01f;
+    else if (value > 0.9f && value <= 0.95f)
+        speed = 0.008f;
+    else if (value > 0.95f)
+        speed = 0.007f;
+}
+
+void advancePulses()
+{
+    advancePulse(pulseA, pulseSpeedA, pulseRisingA);
+    advancePulse(pulseB, pulseSpeedB, pulseRisingB);
+}
+
+void resetPulses()
+{
+    pulseA = pulseB = 0.0f;
+    pulseSpeedA = 0.04f;
+    pulseSpeedB = 0.02f;
+    pulseRisingA = pulseRisingB = true;
+}
+
+// ---------------------------------------------------------------------------
+// Timers and the tick section of the main loop
+
+static void tickCallback()
+{
+    tickCounter++;
+}
+END_OF_FUNCTION(tickCallback)
+
+static void secondCallback()
+{
+    framesPerSecond = framesThisSecond.load();
+    framesThisSecond = 0;
+}
+END_OF_FUNCTION(secondCallback)
+
+void installTimers()
+{
+    logLine("Calibrating timers...");
+    LOCK_FUNCTION(tickCallback);
+    LOCK_FUNCTION(secondCallback);
+    install_int_ex(tickCallback, BPS_TO_TIMER(40));
+    install_int_ex(secondCallback, SECS_TO_TIMER(1));
+    logLine("Timers successfully calibrated");
+}
+
+void runOwedTicks()
+{
+    while (tickCounter > 0) {
+        runScreenLogic(currentScreen);
+        advancePulses();
+        advanceAnimationFrames();
+        audioUpdate();
+        tickCounter--;
+    }
+}
+
+void checkGlError()
+{
+    static const char *const names[] = {"GL_INVALID_ENUM", "GL_INVALID_VALUE", "GL_INVALID_OPERATION",
+                                        "GL_STACK_OVERFLOW", "GL_STACK_UNDERFLOW", "GL_OUT_OF_MEMORY"};
+    GLenum error = glGetError();
+    if (error >= 0x500 && error <= 0x505)
+        logLine("# ERROR! # ERROR: %s", names[error - 0x500]);
+}

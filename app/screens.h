@@ -1,0 +1,116 @@
+// The screen-state machine: every screen of the game is one GameScreen value
+// with a logic handler (per tick) and a render handler (per frame). Screens
+// change only through setScreen and startTransition.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+typedef uint32_t u32;
+typedef uint8_t byte;
+
+enum GameScreen : u32 {
+    MainMenu = 0,
+    CreditsScreen = 1,
+    Playing = 2,
+    LevelEditor = 3,
+    Paused = 4,
+    GameSelect = 6,
+    Options = 9,
+    MissionComplete = 10,
+    Help = 11,
+    MissionFailed = 16,
+    Transition = 17,
+    Intro = 19,
+    SlowDriverWarning = 20,
+    PasswordEntry = 21,
+    ExitScreen = 23,
+};
+
+enum StarfieldMode : u32 {
+    StarfieldKeep = 0,
+    StarfieldMenu = 1,
+    StarfieldGame = 2,
+};
+
+struct TransitionState {
+    float alpha;        // opacity of the black veil; 0 exactly when no transition runs
+    u32 from;
+    u32 to;
+    byte phase;         // 0 fading out `from`, 1 fading in `to`
+    byte switchLatch;   // set for the one tick in which alpha first exceeds 1.2
+    u32 starfieldMode;
+    byte quitWhenDark;
+};
+
+struct InputSnapshot {
+    byte escape;
+    byte up, down, left, right;
+    byte keyA, keyZ;
+    byte space;
+    byte leftPressed, rightPressed;
+    byte leftHeld, rightHeld;
+    float pointerX, pointerY;
+};
+
+// What sampleInput reads; the game fills it from Allegro's key[] and mouse_b,
+// tests fill it by hand.
+struct RawInput {
+    byte escape, up, down, left, right, keyA, keyZ, space;
+    int mouseButtons;   // bit 0 left, bit 1 right
+    int mouseX, mouseY; // Allegro's y-down window coordinates
+};
+
+extern u32 currentScreen;
+extern TransitionState transition;
+extern InputSnapshot input;
+
+// The only value the timer thread writes.
+extern std::atomic<int32_t> tickCounter;
+extern std::atomic<int32_t> framesThisSecond;
+extern std::atomic<int32_t> framesPerSecond;
+
+extern float pulseA, pulseB;
+
+extern byte quitRequested;
+extern byte openManualRequested;
+extern byte openWebsiteAfterExit;
+
+// One row per screen id in use; the dispatchers do nothing for an id without
+// a row or a row without that handler.
+struct ScreenHandlers {
+    u32 id;
+    void (*logic)();
+    void (*render)();
+};
+ScreenHandlers *handlersFor(u32 id);
+
+void setScreen(u32 id);
+void startTransition(u32 from, u32 to, u32 starfieldMode);
+void runScreenLogic(u32 id);
+void renderScreen(u32 id);
+
+void samplePointer();
+void sampleInput();
+void sampleInputFrom(const RawInput &raw);  // the rules of sampleInput on given device state
+
+void advancePulses();
+void resetPulses();
+void blackoutWait(int n);
+// The counting of blackoutWait: consumes every owed tick; false once the
+// countdown has fallen below zero.
+bool consumeBlackoutTicks(int *countdown);
+
+void transitionTick();
+void transitionFrame();
+void introTick();
+void introFrame();
+void resetIntro();
+
+// One turn of the main loop's tick section: screen logic, shared animations,
+// audio, for every tick owed.
+void runOwedTicks();
+void checkGlError();
+
+// The 40 Hz tick timer and the 1 Hz frame counter ("Calibrating timers...").
+void installTimers();

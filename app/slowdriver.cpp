@@ -1,0 +1,60 @@
+// The warning shown at start-up when OpenGL runs on a software renderer.
+
+#include "app/launch.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "frontend/screens.h"
+#include "frontend/widgets.h"
+#include "render/draw.h"
+#include "render/text.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+static void dialogLabel(const Button &b, float dx, const char *text)
+{
+    float shift = visualState(b) == 2 ? 1.0f : 0.0f;
+    glColor4f(0.9f, 0.9f, 0.9f, 1.0f);
+    drawText(FontTextures[1], b.x + dx - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+}
+
+void slowDriverFrame()
+{
+    resetDrawState();
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, 1);
+    drawTexture(320, 230, SpriteTextures[12], 1, 1, 1, 1);
+
+    char toolPath[1100];
+    snprintf(toolPath, sizeof toolPath, "%s/GfxDriverTool", DataRoot);
+    updateButton(dialogUpperButton, input.pointerX, input.pointerY);
+    updateButton(dialogLowerButton, input.pointerX, input.pointerY);
+
+    // Not guarded by the fade: the player may leave for the driver tool even
+    // while the intro is already fading in.
+    if (wasClicked(dialogUpperButton)) {
+        set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
+        launchProcess(toolPath, "GfxDriverTool", 0);
+        exit(1);
+    } else if (wasClicked(dialogLowerButton) && transition.alpha == 0.0f) {
+        startTransition(SlowDriverWarning, Intro, StarfieldMenu);
+    }
+
+    drawButton(dialogUpperButton);
+    drawButton(dialogLowerButton);
+    dialogLabel(dialogUpperButton, -71, "Update Drivers");
+    dialogLabel(dialogLowerButton, -47, "No Thanks");
+
+    glColor4f(1, 1, 1, 1);
+    drawTextCentred(FontTextures[1], 320, 300, 256, 128, 12, 12, -2, "Slow Drivers");
+    static const char *const lines[] = {
+        "Software drivers have been", "detected! This may make", "the game slow and unplayable.", "",
+        "To update your drivers,", "click the \"Update Drivers\"", "button below.",
+    };
+    for (int i = 0; i < 7; i++)
+        drawTextCentred(FontTextures[2], 320, 280 - 10 * i, 256, 128, 8, 8, -2, "%s", lines[i]);
+
+    drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
+}

@@ -1,0 +1,262 @@
+// Bringing the game up before the main loop and taking it down afterwards.
+
+#include "app/startup.h"
+#include "app/config.h"
+#include "app/log.h"
+#include "app/screens.h"
+#include "audio/audio.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/textures.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+#include <jpgalleg.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+char DataRoot[1024];
+
+static unsigned char soundRetryPending = 0;
+
+// Shown when the sound device cannot be opened twice.
+static const char SUPPORT_ADDRESS[] = "the Delvemoor issue tracker (see README.md)";
+
+// Everything from the last separator on goes, the separator too; a bare
+// name leaves the game directory empty.
+void setDataRootFromExecutable(const char *executablePath)
+{
+    strncpy(DataRoot, executablePath, sizeof DataRoot - 1);
+    DataRoot[sizeof DataRoot - 1] = 0;
+    char *cut = nullptr;
+    for (char *p = DataRoot; *p; p++)
+        if (*p == '/' || *p == '\\')
+            cut = p;
+    if (cut)
+        *cut = 0;
+    else
+        DataRoot[0] = 0;
+}
+
+static void installOrDie(bool failed, const char *logText, const char *fatalText, const char *okText)
+{
+    if (failed) {
+        logLine("%s", logText);
+        fatalError("%s", fatalText);
+    }
+    logLine("%s", okText);
+}
+
+void startLibraries()
+{
+    if (allegro_init() != 0)
+        exit(-1);
+
+    char executable[1024];
+    get_executable_name(executable, sizeof executable);
+    setDataRootFromExecutable(executable);
+
+    openLog();
+
+    set_window_title("Delvemoor");
+    logLine("Window title set");
+
+    installOrDie(install_keyboard() != 0, "# ERROR! # Could not initialize keyboard!",
+                 "Could not install keyboard.\n", "Keyboard installed");
+    installOrDie(install_timer() == -1, "# ERROR! # Could not initialize timer!",
+                 "Could not install timer.\n", "Timer installed");
+    installOrDie(install_mouse() == -1, "# ERROR! # Could not initialize mouse!",
+                 "Could not install mouse.\n", "Mouse installed");
+    installOrDie(install_allegro_gl() == -1, "# ERROR! # Could not initialize AllegroGL!",
+                 "Could not initialize AllegroGL.\n", "AllegroGL initialized");
+    installOrDie(jpgalleg_init() == -1, "# ERROR! # Could not initialize JPGAlleg!",
+                 "Could not initialize JPGAlleg.\n", "JPGAlleg initialized");
+
+    if (install_sound(DIGI_AUTODETECT, MIDI_NONE, NULL) == -1) {
+        soundRetryPending = 1;
+        logLine("Could Not Initialize Sound. Will Try Again Later");
+    } else {
+        logLine("Sound initialized");
+    }
+
+    srand((unsigned)time(NULL));
+    logLine("Random seed set successfully!");
+
+    if (soundRetryPending) {
+        if (install_sound(DIGI_AUTODETECT, MIDI_NONE, NULL) == -1) {
+            logLine("# ERROR! # Could not initialize sound devices. Continuing with them disabled.");
+            allegro_message("Could not initialize sound devices.\nSound support disabled.\n\n"
+                            "Try restarting the program,\nif the problem persists contact support:\n%s",
+                            SUPPORT_ADDRESS);
+        } else {
+            logLine("Sound initialized");
+        }
+    }
+}
+
+// The renderers that mean "no real driver": the Windows ones the game has
+// always warned about and Mesa's software rasterisers.
+bool isSoftwareRenderer(const char *renderer)
+{
+    static const char *const names[] = {"GDI Generic", "Microsoft Corporation", "llvmpipe", "softpipe",
+                                        "Software Rasterizer"};
+    if (!renderer)
+        return false;
+    for (const char *name : names)
+        if (strstr(renderer, name))
+            return true;
+    return false;
+}
+
+static int tryMode(int driver, int depth, int requireFlags, int suggestFlags)
+{
+    allegro_gl_set(AGL_COLOR_DEPTH, depth);
+    set_color_depth(depth);
+    allegro_gl_set(AGL_DOUBLEBUFFER, -1);
+    allegro_gl_set(AGL_RENDERMETHOD, -1);
+    allegro_gl_set(AGL_REQUIRE, requireFlags);
+    allegro_gl_set(AGL_SUGGEST, suggestFlags);
+    return set_gfx_mode(driver, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0);
+}
+
+struct FallbackMode {
+    unsigned char fullscreen;
+    unsigned char colorDepth32;
+    const char *failLine;  // null: nothing logged when it fails
+};
+
+static const FallbackMode fullscreenChain[4] = {
+    {1, 1, "Failed to set 32-bit Fullscreen. Attempting 16-bit Fullscreen..."},
+    {1, 0, "Failed to set 16-bit Fullscreen. Attempting 32-bit Windowed..."},
+    {0, 1, "Failed to set 32-bit Windowed. Attempting 16-bit Windowed..."},
+    {0, 0, nullptr},
+};
+static const FallbackMode windowedChain[4] = {
+    {0, 1, "Failed to set 32-bit Windowed. Attempting 16-bit Windowed..."},
+    {0, 0, nullptr},
+    {1, 1, "Failed to set 32-bit Fullscreen. Attempting 16-bit Fullscreen..."},
+    {1, 0, nullptr},
+};
+
+static bool tryFallbackChain()
+{
+    const FallbackMode *chain = settings.fullscreen ? fullscreenChain : windowedChain;
+    for (int i = 0; i < 4; i++) {
+        const FallbackMode &mode = chain[i];
+        settings.fullscreen = mode.fullscreen;
+        settings.colorDepth32 = mode.colorDepth32;
+        int driver = mode.fullscreen ? GFX_OPENGL_FULLSCREEN : GFX_OPENGL_WINDOWED;
+        if (tryMode(driver, mode.colorDepth32 ? 32 : 16, AGL_RENDERMETHOD, AGL_COLOR_DEPTH | AGL_DOUBLEBUFFER) >= 0)
+            return true;
+        if (mode.failLine)
+            logLine("%s", mode.failLine);
+    }
+    return false;
+}
+
+// Mesa's software renderers refuse every mode that requires a render method;
+// with the method only suggested they open a window, so this last try keeps
+// the game playable on machines without a GPU driver.
+static bool trySuggestedRenderMethod()
+{
+    logLine("# ERROR! # %s", allegro_error);
+    logLine("Attempting 32-bit windowed video mode without a required render method...");
+    settings.fullscreen = 0;
+    settings.colorDepth32 = 1;
+    if (tryMode(GFX_OPENGL_WINDOWED, 32, AGL_DOUBLEBUFFER, AGL_COLOR_DEPTH | AGL_RENDERMETHOD) >= 0)
+        return true;
+    logLine("Failed to set 32-bit Windowed without a required render method.");
+    return false;
+}
+
+void setVideoMode()
+{
+    allegro_gl_clear_settings();
+    int depth = settings.colorDepth32 ? 32 : 16;
+    logLine(settings.colorDepth32 ? "Setting 32-bit video mode..." : "Setting 16-bit video mode...");
+    allegro_gl_set(AGL_COLOR_DEPTH, depth);
+    set_color_depth(depth);
+    allegro_gl_set(AGL_DOUBLEBUFFER, -1);
+    allegro_gl_set(AGL_RENDERMETHOD, -1);
+    allegro_gl_set(AGL_REQUIRE, AGL_DOUBLEBUFFER | AGL_RENDERMETHOD);
+    allegro_gl_set(AGL_SUGGEST, AGL_COLOR_DEPTH);
+    logLine("Graphical options selected");
+
+    logLine(settings.fullscreen ? "Attempting fullscreen video mode..." : "Attempting windowed video mode...");
+    int driver = settings.fullscreen ? GFX_OPENGL_FULLSCREEN : GFX_OPENGL_WINDOWED;
+    if (set_gfx_mode(driver, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0) >= 0) {
+        logLine("Video mode set successfully!");
+    } else {
+        set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
+        logLine("# ERROR! # %s", allegro_error);
+        logLine("# ERROR! # Failed to set requested Video Mode. Attempting 16-bit Fullscreen...");
+        // Only a real display can show the notice; without one it would
+        // print to the terminal, which tells the player nothing new.
+        allegro_message("Failed to set requested Video Mode. Trying alternatives...");
+        if (tryFallbackChain() || trySuggestedRenderMethod()) {
+            logLine("Substitute video mode set successfully!");
+        } else {
+            logLine("# ERROR! # %s", allegro_error);
+            logLine("# ERROR! # Impossible to set graphics mode!");
+            fatalError("Impossible to set graphics mode. Please refer to FAQ");
+        }
+    }
+
+    logLine("READING OPENGL SPECIFICATIONS");
+    const char *version = (const char *)glGetString(GL_VERSION);
+    const char *vendor = (const char *)glGetString(GL_VENDOR);
+    const char *renderer = (const char *)glGetString(GL_RENDERER);
+    logLine("OpenGL Version: %s", version ? version : "");
+    logLine("OpenGL Vendor: %s", vendor ? vendor : "");
+    logLine("OpenGL Card: %s", renderer ? renderer : "");
+
+    if (isSoftwareRenderer(renderer))
+        currentScreen = SlowDriverWarning;
+
+    allegro_gl_use_mipmapping(-1);
+
+    logLine("Setting up blender...");
+    glAlphaFunc(GL_GREATER, 0.01f);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glEnable(GL_ALPHA_TEST);
+    glDisable(GL_CULL_FACE);
+    glShadeModel(GL_SMOOTH);
+
+    logLine("Setting up viewport...");
+    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glClearColor(0, 0, 0, 0);
+
+    logLine("Setting up polygon mode...");
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    logLine("Graphical/Video Mode setup completed!");
+}
+
+void logSoundStartup()
+{
+    logLine("Initializing sound devices...");
+    logLine("Sound initialization complete!");
+}
+
+void loadGameData()
+{
+    logLine("Loading game data...");
+    loadSounds();
+    logLine("Sound data loaded");
+    loadImageData();
+    logLine("Image data loaded");
+    linkImageData();
+    logLine("Image data linked");
+    // The level catalogue joins here once the campaign screens exist.
+    linkTerrainSet(1);
+    prefillStars();
+}
+
+void releaseGameData()
+{
+    logLine("De-allocating memory...");
+    logLine("Memory de-allocation complete");
+}

@@ -1,0 +1,34 @@
+// The logic (per tick) and render (per frame) handlers of every screen, as the
+// screen table of app/screens.cpp calls them.
+#pragma once
+
+#include <cstdint>
+
+void mainMenuTick();
+void mainMenuFrame();
+void creditsTick();
+void creditsFrame();
+void gameUpdate();
+void gameScreenFrame();
+void editorTick();
+void editorFrame();
+void pausePanelFrame();
+void missionCompletePanelFrame();
+void missionFailedPanelFrame();
+void gameSelectTick();
+void gameSelectFrame();
+void optionsTick();
+void optionsFrame();
+void helpFrame();
+void passwordEntryTick();
+void passwordPanelFrame();
+void exitScreenTick();
+void exitScreenFrame();
+void slowDriverFrame();
+
+// The switch actions at the darkest point of a fade.
+void enterChosenLevel(bool fromGameSelect);  // into Playing
+void enterGameSelect();                      // into GameSelect
+
+// The game-select screen's notice: 1 is "Select A Mission To Play!".
+extern int32_t missionMessage;

@@ -1,0 +1,4 @@
+#include "game/camera.h"
+
+float camX = 0.0f;
+float camY = 0.0f;

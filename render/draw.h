@@ -1,0 +1,27 @@
+// The quad-drawing primitives on the fixed 640 x 480 y-up screen. Positions
+// are centres; colours multiply the texture.
+#pragma once
+
+#include "render/textures.h"
+
+// Not SCREEN_W/SCREEN_H: Allegro defines those as macros for the real screen.
+const int SCREEN_WIDTH = 640;
+const int SCREEN_HEIGHT = 480;
+
+void beginFrame2D();
+void endFrame2D();
+void resetDrawState();
+void presentFrame();
+void clearToBlack();
+
+void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a);
+void drawTextureSized(int x, int y, TextureId texture, float r, float g, float b, float a, int w, int h);
+void drawStructure(float x, float y, int slot, float r, float g, float b, float a);
+void drawStructureIcon(float x, float y, int slot, float r, float g, float b, float a);
+void drawObject(float x, float y, int slot, float r, float g, float b, float a);
+void drawTile(float x, float y, int slot, float r, float g, float b, float a);
+void drawBackgroundTile(float x, float y, int index, float r, float g, float b, float a);
+void drawBackdrop();
+
+// An untextured rectangle from (x0, y0) to (x1, y1), the inline panels and veils.
+void drawRect(float x0, float y0, float x1, float y1, float r, float g, float b, float a);

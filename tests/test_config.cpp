@@ -1,0 +1,168 @@
+// The configuration file: its fixed lines and columns, every way it can be
+// damaged, and a write that never leaves a half-written file behind.
+
+#include "app/config.h"
+#include "app/log.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+static std::string tempDir()
+{
+    char pattern[] = "/tmp/delvemoor-config-XXXXXX";
+    return mkdtemp(pattern);
+}
+
+static std::string writeFile(const std::string &dir, const std::string &text)
+{
+    std::string path = dir + "/gameconfig.cfg";
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+}
+
+static std::string readFile(const std::string &path)
+{
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+static std::string configWith(int line, const std::string &text)
+{
+    const char *lines[] = {":: Delvemoor Config File", ":: GAME_VERSION: 1.0.0", "", ":: GRAPHICS MODE",
+                           "SCREENMODE = WINDOWED", "COLORDEPTH = 32", "", ":: GAME", "SCROLLSPEED = 6",
+                           "GAME_LEVEL = 1", "", ":: SOUND", "SOUND VOLUME = 8", "MUSIC VOLUME = 7", "",
+                           ":: EOF"};
+    std::string s;
+    for (int i = 1; i <= 16; i++) {
+        s += (i == line) ? text : lines[i - 1];
+        if (i < 16)
+            s += "\n";
+    }
+    return s;
+}
+
+TEST(Config, ConvertToDoubleReadsTheLeadingNumberOrThrows)
+{
+    EXPECT_DOUBLE_EQ(convertToDouble(" 12abc"), 12.0);
+    EXPECT_DOUBLE_EQ(convertToDouble("7.9"), 7.9);
+    EXPECT_DOUBLE_EQ(convertToDouble("-3"), -3.0);
+    try {
+        convertToDouble("x1");
+        FAIL() << "no exception";
+    } catch (const BadConversion &e) {
+        EXPECT_STREQ(e.what(), "convertToDouble(\"x1\")");
+    }
+    EXPECT_THROW(convertToDouble(""), BadConversion);
+    EXPECT_THROW(convertToDouble("   "), std::runtime_error);
+}
+
+TEST(Config, ReadsEachSettingFromItsLineAndColumn)
+{
+    std::string dir = tempDir(), error;
+    settings = {};
+    std::string text = configWith(5, "SCREENMODE = FULLSCREEN");
+    text = text.substr(0, text.find("COLORDEPTH = 32")) + "COLORDEPTH = 16" +
+           text.substr(text.find("COLORDEPTH = 32") + 15);
+    ASSERT_TRUE(readConfigFrom(writeFile(dir, text).c_str(), &error)) << error;
+    EXPECT_EQ(settings.fullscreen, 1);
+    EXPECT_EQ(settings.colorDepth32, 0);
+    EXPECT_EQ(settings.scrollSpeed, 6);
+    EXPECT_EQ(settings.gameLevel, 1);
+    EXPECT_EQ(settings.soundVolume, 8);
+    EXPECT_EQ(settings.musicVolume, 7);
+
+    // Only the column counts: another key, a fraction, text after the number,
+    // CR LF line ends and lines after the end marker are all accepted.
+    text = configWith(9, "ANYTHING_ELSE 7.9") + "\nextra line\n";
+    ASSERT_TRUE(readConfigFrom(writeFile(dir, text).c_str(), &error)) << error;
+    EXPECT_EQ(settings.scrollSpeed, 7);
+    ASSERT_TRUE(readConfigFrom(writeFile(dir, configWith(13, "SOUND VOLUME =  12apples")).c_str(), &error));
+    EXPECT_EQ(settings.soundVolume, 12);
+    std::string crlf;
+    for (char c : configWith(14, "MUSIC VOLUME = -4")) {
+        if (c == '\n')
+            crlf += '\r';
+        crlf += c;
+    }
+    ASSERT_TRUE(readConfigFrom(writeFile(dir, crlf).c_str(), &error)) << error;
+    EXPECT_EQ(settings.musicVolume, -4);
+    EXPECT_EQ(settings.fullscreen, 0);
+}
+
+TEST(Config, EveryDamageStopsWithTheGamesOwnMessage)
+{
+    std::string dir = tempDir(), error;
+    const std::string corrupted = "Config file corrupted. Please reinstall.";
+    struct Case {
+        int line;
+        const char *text;
+    } cases[] = {
+        {5, "SCREENMODE = FullScreen"}, {5, ""},         {6, "COLORDEPTH = 24"}, {6, "COLORDEPTH=32"},
+        {9, "SCROLLSPEED = fast"},      {9, "SCROLL"},   {10, "GAME_LEVEL = "},  {13, "SOUND VOLUME = 1e99"},
+        {14, "MUSIC VOLUME = nan"},
+    };
+    GameSettings before = {1, 1, 3, 2, 4, 5};
+    for (const Case &c : cases) {
+        settings = before;
+        EXPECT_FALSE(readConfigFrom(writeFile(dir, configWith(c.line, c.text)).c_str(), &error))
+            << "line " << c.line << ": " << c.text;
+        EXPECT_EQ(error, corrupted);
+        EXPECT_EQ(settings.scrollSpeed, 3) << "a damaged file must not change the settings half-way";
+    }
+    // A file cut short after line 6.
+    std::string cut = configWith(0, "");
+    cut = cut.substr(0, cut.find(":: GAME\n"));
+    EXPECT_FALSE(readConfigFrom(writeFile(dir, cut).c_str(), &error));
+    EXPECT_EQ(error, corrupted);
+    EXPECT_FALSE(readConfigFrom((dir + "/missing.cfg").c_str(), &error));
+    EXPECT_EQ(error, "Cannot load gameconfig.cfg!");
+}
+
+TEST(Config, WriteIsTheSixteenLineLayoutAndReadsBack)
+{
+    std::string dir = tempDir(), error;
+    std::string path = dir + "/gameconfig.cfg";
+    settings = {1, 0, -7, 42, 1, 10};
+    ASSERT_TRUE(writeConfigTo(path.c_str()));
+    std::string text = readFile(path);
+    EXPECT_EQ(text, std::string(":: Delvemoor Config File\n:: GAME_VERSION: ") + GAME_VERSION +
+                        "\n\n:: GRAPHICS MODE\nSCREENMODE = FULLSCREEN\nCOLORDEPTH = 16\n\n:: GAME\n"
+                        "SCROLLSPEED = -7\nGAME_LEVEL = 42\n\n:: SOUND\nSOUND VOLUME = 1\nMUSIC VOLUME = 10\n\n:: EOF");
+    settings = {};
+    ASSERT_TRUE(readConfigFrom(path.c_str(), &error)) << error;
+    EXPECT_EQ(settings.fullscreen, 1);
+    EXPECT_EQ(settings.colorDepth32, 0);
+    EXPECT_EQ(settings.scrollSpeed, -7);
+    EXPECT_EQ(settings.gameLevel, 42);
+    EXPECT_EQ(settings.soundVolume, 1);
+    EXPECT_EQ(settings.musicVolume, 10);
+    EXPECT_NE(access((path + ".new").c_str(), F_OK), 0) << "no temporary file left behind";
+}
+
+TEST(Config, AFailedWriteKeepsThePreviousFile)
+{
+    std::string dir = tempDir();
+    std::string path = writeFile(dir, configWith(9, "SCROLLSPEED = 3"));
+    std::string before = readFile(path);
+    // The temporary file cannot be created in a directory the game may not write.
+    if (getuid() != 0) {
+        chmod(dir.c_str(), 0555);
+        settings = {1, 1, 9, 9, 9, 9};
+        EXPECT_FALSE(writeConfigTo(path.c_str()));
+        chmod(dir.c_str(), 0755);
+        EXPECT_EQ(readFile(path), before);
+    }
+    // A path whose temporary name is taken by a directory cannot be replaced either.
+    mkdir((path + ".new").c_str(), 0755);
+    settings = {1, 1, 9, 9, 9, 9};
+    EXPECT_FALSE(writeConfigTo(path.c_str()));
+    EXPECT_EQ(readFile(path), before);
+}

@@ -1,0 +1,71 @@
+// The log's layout: header, a break before every line, the trailer, and a
+// fatal stop that leaves the log without a trailer.
+
+#include "app/log.h"
+
+#include <allegro.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+static std::string readFile(const std::string &path)
+{
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+TEST(Log, HeaderLinesAndTrailer)
+{
+    std::string path = "/tmp/delvemoor-log-test-" + std::to_string(getpid()) + ".txt";
+    openLogAt(path.c_str());
+    logLine("Window title set");
+    logLine("Loaded %d of %s", 3, "many");
+    // Flushed at once: a crash right now would keep both lines.
+    std::string live = readFile(path);
+    EXPECT_NE(live.find("\nLoaded 3 of many"), std::string::npos);
+
+    std::string longText(20000, 'x');
+    logLine("%s", longText.c_str());  // bounded by the line buffer, never overflowing it
+    closeLog();
+
+    std::string text = readFile(path);
+    std::string header = std::string(":: Delvemoor Game Log\nGAME_VERSION: ") + GAME_VERSION + "\nOS: ";
+    ASSERT_EQ(text.compare(0, header.size(), header), 0) << text.substr(0, 200);
+    size_t allegroLine = text.find("ALLEGRO VERSION: ");
+    ASSERT_NE(allegroLine, std::string::npos);
+    size_t afterHeader = text.find('\n', allegroLine) + 1;
+    EXPECT_EQ(text.substr(afterHeader, 36), "\nWindow title set\nLoaded 3 of many\nx");
+    EXPECT_LT(text.size(), afterHeader + 10000 + 200);
+    const std::string trailer = "\nStopping logs...\n\n:: End Of LogFile";
+    ASSERT_GE(text.size(), trailer.size());
+    EXPECT_EQ(text.substr(text.size() - trailer.size()), trailer);
+    unlink(path.c_str());
+}
+
+TEST(Log, FatalErrorEndsWithStatus255AndNoTrailer)
+{
+    std::string path = "/tmp/delvemoor-log-fatal-" + std::to_string(getpid()) + ".txt";
+    pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // No display: the message goes to the terminal instead of a box.
+        unsetenv("DISPLAY");
+        openLogAt(path.c_str());
+        logLine("# ERROR! # Cannot load gameconfig.cfg!");
+        fatalError("Cannot load gameconfig.cfg!");
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 255);
+    std::string text = readFile(path);
+    EXPECT_NE(text.find("\n# ERROR! # Cannot load gameconfig.cfg!"), std::string::npos);
+    EXPECT_EQ(text.find(":: End Of LogFile"), std::string::npos);
+    unlink(path.c_str());
+}

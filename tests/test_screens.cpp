@@ -1,0 +1,239 @@
+// The screen-state machine's timing, the input snapshot's press edges, the
+// shared pulses and the small start-up rules.
+
+#include "app/launch.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "audio/audio.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <unistd.h>
+
+static int fromTicks, toTicks;
+static void countFrom() { fromTicks++; }
+static void countTo() { toTicks++; }
+
+// Two screens without switch actions stand in for any pair.
+struct PatchedScreens {
+    ScreenHandlers saved[2];
+    PatchedScreens()
+    {
+        saved[0] = *handlersFor(Options);
+        saved[1] = *handlersFor(Help);
+        *handlersFor(Options) = {Options, countFrom, nullptr};
+        *handlersFor(Help) = {Help, countTo, nullptr};
+        fromTicks = toTicks = 0;
+    }
+    ~PatchedScreens()
+    {
+        *handlersFor(Options) = saved[0];
+        *handlersFor(Help) = saved[1];
+    }
+};
+
+TEST(Transition, FadesOutFifteenTicksSwitchesOnTheSixteenthThenFadesIn)
+{
+    PatchedScreens patch;
+    transition = {};
+    startTransition(Options, Help, StarfieldKeep);
+    EXPECT_EQ(currentScreen, (u32)Transition);
+
+    for (int tick = 1; tick <= 15; tick++) {
+        transitionTick();
+        transitionFrame();
+        EXPECT_EQ(transition.phase, 0) << tick;
+    }
+    EXPECT_EQ(fromTicks, 15);
+    EXPECT_EQ(toTicks, 0);
+    EXPECT_EQ((double)transition.alpha, 1.2000000476837158);
+
+    transitionTick();  // the 16th: the target's logic runs from now on
+    EXPECT_EQ(toTicks, 1);
+    EXPECT_EQ(transition.phase, 1);
+    EXPECT_EQ(transition.switchLatch, 0) << "the latch lasts one tick only";
+
+    int fadeIn = 1;
+    while (currentScreen == Transition && fadeIn < 100) {
+        transitionFrame();
+        if (currentScreen != Transition)
+            break;
+        transitionTick();
+        fadeIn++;
+    }
+    EXPECT_EQ(currentScreen, (u32)Help);
+    EXPECT_EQ(transition.alpha, 0.0f) << "alpha is 0 exactly when no transition runs";
+    EXPECT_EQ(transition.phase, 0);
+    EXPECT_GE(fadeIn, 15);
+    EXPECT_LE(fadeIn, 17);
+    EXPECT_EQ(fromTicks, 15);
+}
+
+TEST(Transition, StartingAgainRestartsFromBlackAndKeepsThePhase)
+{
+    PatchedScreens patch;
+    transition = {};
+    startTransition(Options, Help, StarfieldKeep);
+    for (int i = 0; i < 20; i++)
+        transitionTick();
+    ASSERT_EQ(transition.phase, 1);
+    startTransition(Help, Options, StarfieldKeep);
+    EXPECT_EQ(transition.alpha, 0.0f);
+    EXPECT_EQ(transition.phase, 1);
+    transition = {};
+}
+
+TEST(Screens, SetScreenEntryActions)
+{
+    currentScreen = Options;
+    setScreen(SlowDriverWarning);
+    EXPECT_EQ(currentScreen, (u32)Options) << "the slow-driver warning belongs to start-up alone";
+    SoundRequest = SoundRequestIdle;
+    setScreen(MissionFailed);
+    EXPECT_EQ(SoundRequest, 7);
+    setScreen(MissionComplete);
+    EXPECT_EQ(SoundRequest, 8);
+    transition.alpha = 0.5f;
+    transition.phase = 1;
+    setScreen(Transition);
+    EXPECT_EQ(transition.alpha, 0.0f);
+    EXPECT_EQ(transition.phase, 0);
+    SoundRequest = SoundRequestIdle;
+    runScreenLogic(5);  // ids without a row do nothing
+    renderScreen(22);
+}
+
+TEST(Screens, ThreeOwedTicksRunTheLogicThreeTimesOnOneSnapshot)
+{
+    PatchedScreens patch;
+    currentScreen = Options;
+    tickCounter = 3;
+    runOwedTicks();
+    EXPECT_EQ(fromTicks, 3);
+    EXPECT_EQ(tickCounter.load(), 0);
+}
+
+TEST(Screens, BlackoutConsumesEveryOwedTickAndLastsNPlusOne)
+{
+    int countdown = 10;
+    tickCounter = 4;
+    EXPECT_TRUE(consumeBlackoutTicks(&countdown));
+    EXPECT_EQ(countdown, 6);
+    tickCounter = 7;  // a long load: more ticks owed than the wait needs
+    EXPECT_FALSE(consumeBlackoutTicks(&countdown));
+    EXPECT_EQ(tickCounter.load(), 0) << "the ticks of the load are not replayed";
+
+    int total = 0;
+    countdown = 25;
+    bool active = true;
+    while (active) {
+        tickCounter = 1;
+        active = consumeBlackoutTicks(&countdown);
+        total++;
+    }
+    EXPECT_EQ(total, 26);
+}
+
+static RawInput rawWith(int buttons)
+{
+    RawInput raw = {};
+    raw.mouseButtons = buttons;
+    return raw;
+}
+
+TEST(Input, APressIsReportedInOneFrameOutsideTheEditorAndEveryFrameInIt)
+{
+    input = {};
+    currentScreen = MainMenu;
+    int pressedFrames = 0;
+    for (int frame = 0; frame < 5; frame++) {
+        sampleInputFrom(rawWith(1));
+        pressedFrames += input.leftPressed;
+    }
+    EXPECT_EQ(pressedFrames, 1);
+    sampleInputFrom(rawWith(0));
+    EXPECT_EQ(input.leftHeld, 0);
+    sampleInputFrom(rawWith(1));
+    EXPECT_EQ(input.leftPressed, 1) << "a new push after a release is a new press";
+
+    input = {};
+    currentScreen = LevelEditor;
+    pressedFrames = 0;
+    for (int frame = 0; frame < 5; frame++) {
+        sampleInputFrom(rawWith(1 | 2));
+        pressedFrames += input.leftPressed;
+        EXPECT_EQ(input.rightPressed, 1);
+    }
+    EXPECT_EQ(pressedFrames, 5);
+
+    input = {};
+    currentScreen = MainMenu;
+    RawInput keys = rawWith(2);
+    keys.escape = keys.space = keys.keyZ = 1;
+    sampleInputFrom(keys);
+    EXPECT_TRUE(input.escape && input.space && input.keyZ && input.rightPressed);
+    EXPECT_FALSE(input.keyA || input.up || input.leftPressed);
+    sampleInputFrom(rawWith(2));
+    EXPECT_FALSE(input.escape || input.rightPressed);
+    EXPECT_EQ(input.rightHeld, 1);
+}
+
+TEST(Pulses, BreatheBetweenZeroAndOneWithoutClamping)
+{
+    resetPulses();
+    advancePulses();
+    EXPECT_FLOAT_EQ(pulseA, 0.12f);
+    EXPECT_FLOAT_EQ(pulseB, 0.06f);
+    float low = 1, high = 0;
+    bool turnedDown = false;
+    float previous = pulseA;
+    for (int tick = 0; tick < 2000; tick++) {
+        advancePulses();
+        low = std::min(low, pulseA);
+        high = std::max(high, pulseA);
+        if (pulseA < previous)
+            turnedDown = true;
+        previous = pulseA;
+    }
+    EXPECT_TRUE(turnedDown);
+    EXPECT_GT(high, 1.0f) << "no clamping: the value overshoots a little before turning";
+    EXPECT_LT(high, 1.05f);
+    EXPECT_LT(low, 0.0f);
+    EXPECT_GT(low, -0.05f);
+    resetPulses();
+}
+
+TEST(Startup, GameDirectoryAndSoftwareRenderers)
+{
+    setDataRootFromExecutable("/opt/games/Delvemoor/Delvemoor");
+    EXPECT_STREQ(DataRoot, "/opt/games/Delvemoor");
+    setDataRootFromExecutable("D:\\Games\\Pods\\game.exe");
+    EXPECT_STREQ(DataRoot, "D:\\Games\\Pods");
+    setDataRootFromExecutable("game");
+    EXPECT_STREQ(DataRoot, "");
+
+    EXPECT_TRUE(isSoftwareRenderer("GDI Generic"));
+    EXPECT_TRUE(isSoftwareRenderer("llvmpipe (LLVM 15.0.6, 256 bits)"));
+    EXPECT_TRUE(isSoftwareRenderer("Mesa X11 softpipe"));
+    EXPECT_TRUE(isSoftwareRenderer("Software Rasterizer"));
+    EXPECT_FALSE(isSoftwareRenderer("AMD Radeon RX 6600 (radeonsi, navi23)"));
+    EXPECT_FALSE(isSoftwareRenderer(nullptr));
+}
+
+TEST(Launch, StartsProgramsByArgvSoQuotesAndSpacesAreSafe)
+{
+    char dir[] = "/tmp/delvemoor launch 'quoted' XXXXXX";
+    ASSERT_NE(mkdtemp(dir), nullptr);
+    std::string marker = std::string(dir) + "/ran";
+    // touch receives the marker's path as one argument, spaces and quotes included.
+    std::string commandLine = "touch \"" + marker + "\"";
+    EXPECT_EQ(launchProcess("/usr/bin/touch", commandLine.c_str(), 5), 0);
+    EXPECT_EQ(access(marker.c_str(), F_OK), 0);
+    EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
+    EXPECT_EQ(launchProcess("/usr/bin/touch", nullptr, 0), 1);
+    unlink(marker.c_str());
+    rmdir(dir);
+}
