@@ -1,0 +1,17 @@
+// The mission state and the reset that runs before every attempt at a level,
+// so a retry can never inherit a bubbleman, an explosion or a counter from
+// the attempt before it.
+#include "game/mission.h"
+
+#include "sim/entities.h"
+#include "world/level.h"
+
+MissionState mission;
+int32_t currentTool;
+
+void resetMission()
+{
+    mission = MissionState();
+    clearEntityLists();
+    currentTool = NoTool;
+}
