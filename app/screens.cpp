@@ -114,15 +114,15 @@ void setScreen(u32 id)
         resetMission();
         break;
     case Playing:
-        setStatus("");
+        setStatus(StatusEmpty);
         break;
     case LevelEditor:
         clear_keybuf();
-        setStatus("");
+        setStatus(StatusEmpty);
         break;
     case Transition:
         transition.alpha = 0.0f;
-        setStatus("");
+        setStatus(StatusEmpty);
         transition.phase = 0;
         break;
     case MissionComplete:

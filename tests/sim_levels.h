@@ -1,0 +1,104 @@
+// Small levels for the simulation tests, drawn as rows of characters the way
+// they look on screen (top row first), and the driver calls the tests share.
+#pragma once
+
+#include "game/mission.h"
+#include "game/status.h"
+#include "sim/bubblemen.h"
+#include "sim/driver.h"
+#include "world/level.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+// . empty   # dirt    % dirt 2  R rock    D diamond  B border  P pod
+// r rocket  ^ spikes  @ vortex  X radioactive 1      x radioactive 2
+// $ credits ~ water   1-4 world items     E explosive
+inline int32_t cellFromChar(char c)
+{
+    switch (c) {
+    case '#': return Dirt1;
+    case '%': return Dirt2;
+    case 'R': return Rock1;
+    case 'D': return Diamond1;
+    case 'B': return Border;
+    case 'P': return Pod;
+    case 'r': return Rocket;
+    case '^': return Spikes;
+    case '@': return Vortex;
+    case 'X': return Radioactive1;
+    case 'x': return Radioactive2;
+    case '$': return Credits;
+    case '~': return Water;
+    case '1': return WorldItem1;
+    case '2': return WorldItem2;
+    case '3': return WorldItem3;
+    case '4': return WorldItem4;
+    case 'E': return Explosive;
+    default: return Empty;
+    }
+}
+
+// The level file text: the header, then the cells column by column. Only the
+// rows below the sky are given; the seven sky rows above them are empty.
+inline std::string levelText(const std::vector<std::string> &ground, int credits = 5000,
+                             const std::vector<int> &locks = std::vector<int>(9, 0))
+{
+    for (const std::string &row : ground)
+        EXPECT_EQ(row.size(), ground.at(0).size()) << "a ragged level: " << row;
+    std::vector<std::string> rows(SKY_ROWS, std::string(ground.at(0).size(), '.'));
+    rows.insert(rows.end(), ground.begin(), ground.end());
+    std::ostringstream out;
+    out << "Test level\n1\n1\n0\n0\n" << credits << "\n" << rows[0].size() << "\n" << rows.size() << "\n";
+    for (int lock : locks)
+        out << lock << "\n";
+    for (size_t x = 0; x < rows[0].size(); x++)
+        for (const std::string &row : rows)
+            out << cellFromChar(row.at(x)) << "\n";
+    return out.str();
+}
+
+inline void loadLevel(const std::vector<std::string> &ground, int credits = 5000,
+                      const std::vector<int> &locks = std::vector<int>(9, 0))
+{
+    std::string error;
+    ASSERT_TRUE(loadRunLevelText(levelText(ground, credits, locks), &error)) << error;
+}
+
+inline Solution script(const std::string &text)
+{
+    Solution solution;
+    std::istringstream in(text);
+    std::string error;
+    EXPECT_TRUE(parseSolution(in, solution, &error)) << error;
+    return solution;
+}
+
+inline RunResult run(const std::string &text, int tickLimit, bool keepState = false)
+{
+    RunOptions options;
+    options.tickLimit = tickLimit;
+    options.keepFinalState = keepState;
+    return runSolution(script(text), options);
+}
+
+// Steps the loaded level from `first` to `last` without actions.
+inline void idle(int first, int last)
+{
+    RunResult ignored;
+    for (int step = first; step <= last; step++)
+        runStep(step, nullptr, ignored);
+}
+
+// Messages are compared as the game compares them, by identity, but shown
+// as text when they differ.
+#define EXPECT_MESSAGE(actual, expected)                                                          \
+    EXPECT_TRUE((actual) == (expected)) << "shows \"" << (actual) << "\" instead of \""           \
+                                        << (expected) << "\""
+
+// The world position of a cell's centre, as bubblemen stand on it.
+inline float centreX(int x) { return 32.0f * x + 16; }
+inline float centreY(int y) { return 32.0f * y - 16; }
