@@ -11,6 +11,7 @@
 #include "sim/view.h"
 #include "world/level.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -131,6 +132,17 @@ static void animate(Bubbleman &b)
     }
 }
 
+// A level file may start with credits near the top of the range; a pick-up
+// there tops them up to the most they can hold rather than wrapping them
+// round into a debt.
+static void addPickUpCredits()
+{
+    if (mission.credits > INT32_MAX - CREDITS_PICKUP_VALUE)
+        mission.credits = INT32_MAX;
+    else
+        mission.credits += CREDITS_PICKUP_VALUE;
+}
+
 static void stopForGood(Bubbleman &b)
 {
     b.motion = OnGround;
@@ -155,7 +167,7 @@ static void decideOnCentre(Bubbleman &b)
     if (t == Credits) {
         EffectSoundRequest = 3;
         spawnCostLabel(cellCentreX(cx), cellCentreY(cy), CreditsLabelKind);
-        mission.credits += CREDITS_PICKUP_VALUE;
+        addPickUpCredits();
         setTerrain(cx, cy, Empty);
     }
     if (t == Vortex) {

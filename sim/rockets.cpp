@@ -106,10 +106,14 @@ void tickLaunchPanel()
     tickLaunchPanelWith(updateLaunchButton());
 }
 
+// A panel that has not moved in is not drawn, and its button is left where
+// it was: off the screen, out of the pointer's reach.
 void placeLaunchPanel()
 {
     LaunchPanel &p = launchPanel;
     p.x = 640 + 131 - p.offset;
+    if (p.offset == 0)
+        return;
     launchButton.x = p.x - BUTTON_OFFSET_X;
     launchButton.y = p.y;
 }

@@ -46,8 +46,8 @@ void tickLaunchPanel();
 // The same step with the button's click already known: the game tick's own
 // order (see advanceLevel) and the headless driver, which has no pointer.
 void tickLaunchPanelWith(bool launchClicked);
-// Where the panel stands for its current offset, with its button beside it;
-// the first step of drawing it.
+// Where the panel stands for its current offset, with its button beside it
+// while the panel shows; the first step of drawing it.
 void placeLaunchPanel();
 // Whether a pointer on the 640-pixel screen can reach the Launch button where
 // it was last placed.

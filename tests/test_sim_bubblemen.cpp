@@ -7,6 +7,7 @@
 #include "sim/costlabels.h"
 
 #include <algorithm>
+#include <climits>
 #include <functional>
 
 namespace {
@@ -228,7 +229,7 @@ TEST(SimBubblemen, DiesFallingIntoSpikesWaterOrAVortex)
     }
 }
 
-TEST(SimBubblemen, CellsBeyondTheLevelOrDamagedCountAsSolid)
+TEST(SimBubblemen, CellsBeyondTheLevelOrDamagedCountAsSolidAndCreditsNeverWrap)
 {
     loadLevel({"B....B", "B.~..B", "B####B", "BBBBBB"});
     EXPECT_TRUE(blocksWalk(2, 8)) << "water is a wall";
@@ -241,6 +242,15 @@ TEST(SimBubblemen, CellsBeyondTheLevelOrDamagedCountAsSolid)
     EXPECT_TRUE(blocksWalk(3, 8));
     EXPECT_TRUE(blocksRise(3, 8));
     EXPECT_TRUE(canStandOn(4, 8));
+
+    // A level file may start with any credits at all: pick-ups on top of the
+    // largest keep it there instead of turning it into a debt.
+    //           x: 0123456789
+    loadLevel({"B........B", "B........B", "B........B", "BP.$$...rB", "BBBBBBBBBB"}, INT_MAX);
+    RunResult result = run("1 hatcher 1 10\n3 hatch\n", 200);
+    EXPECT_EQ(result.outcome, RunUnfinished);
+    EXPECT_EQ(currentLevel.terrain[4][10], Empty) << "both pick-ups taken";
+    EXPECT_EQ(mission.credits, INT_MAX);
 }
 
 TEST(SimBubblemen, BoardingPlaysItsSoundsAndCountsHimSaved)

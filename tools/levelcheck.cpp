@@ -32,6 +32,10 @@ struct Arguments {
     bool grids = false;
 };
 
+// The same bound as a solution's steps: far beyond any level, and the run's
+// step counter can never wrap.
+const long MAX_TICKS = 100000000;
+
 void usage()
 {
     std::fprintf(stderr,
@@ -58,7 +62,7 @@ bool parseArguments(int argc, char **argv, Arguments &args)
         if (std::strcmp(a, "--datafile") == 0 && hasValue) {
             args.datafile = argv[++i];
         } else if (std::strcmp(a, "--ticks") == 0 && hasValue) {
-            if (!readNumber(argv[++i], 1, INT_MAX, &args.ticks))
+            if (!readNumber(argv[++i], 1, MAX_TICKS, &args.ticks))
                 return false;
         } else if (std::strcmp(a, "--seed") == 0 && hasValue) {
             if (!readNumber(argv[++i], 0, UINT_MAX, &args.seed))
