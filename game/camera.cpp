@@ -1,4 +1,5 @@
 #include "game/camera.h"
 
-float camX = 0.0f;
-float camY = 0.0f;
+// Where the view looks before any level has set it.
+float camX = 200.0f;
+float camY = -700.0f;
