@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 typedef uint32_t TextureId;
 
@@ -46,6 +48,18 @@ extern TextureId ObjectIconTable[8];
 extern TextureId StructureFrameTable[16];
 extern TextureId StructureIconTable[16];
 
+// The frame counters of advanceAnimationFrames. They start at 0 with the
+// program and are never reset.
+struct AnimationCounters {
+    int hatcher;   // 0..19
+    int lift[3];   // up, left exit, right exit: 1..20 each
+    int dynamite;  // 1..5
+    int pod;       // 0..20
+    int rocket;    // 1..40, landed and flying together
+    int planet[4]; // 1..72 each
+};
+extern AnimationCounters animation;
+
 // Shared angles turned once per tick by advanceAnimationFrames.
 extern int tileRotationAngle;   // whole degrees, for the turning tile 16
 extern float backdropAngle;     // degrees, for SpriteTextures frame 39
@@ -56,3 +70,16 @@ void linkImageData();
 void linkTerrainSet(int terrainSet);
 void linkObjectData();
 void advanceAnimationFrames();
+
+// The nested datafile paths of the bulk pass, in loading order.
+std::vector<std::string> imageFramePaths();
+
+// Loads FONT frames 0..2 into FontTextures, and SPRITES2/INTRO frames 0 and 1
+// into IntroTextures: the load screen's own pictures, read before the bulk pass.
+void loadFontData();
+void loadIntroData();
+
+struct BITMAP;
+// How a decoded picture becomes a texture: allegro_gl_make_texture in the
+// game. Tests put a counter here to load without an OpenGL context.
+extern TextureId (*makeTexture)(BITMAP *picture);

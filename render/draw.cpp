@@ -1,0 +1,169 @@
+// The drawing primitives. Each one reloads the model-view matrix, so no call
+// depends on the transform another left behind; the only lasting effect is the
+// nearest filtering some of them set on the texture they bind.
+
+#include "render/draw.h"
+
+#include "app/screens.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+#include <GL/gl.h>
+
+void beginFrame2D()
+{
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(0, SCREEN_WIDTH, 0, SCREEN_HEIGHT, -10, 10);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+}
+
+void endFrame2D()
+{
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+}
+
+void resetDrawState()
+{
+    glLoadIdentity();
+    glColor4f(1, 1, 1, 1);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    glTranslatef(0, 0, 0);
+}
+
+void presentFrame()
+{
+    glFlush();
+    allegro_gl_flip();
+}
+
+void drawRect(float x0, float y0, float x1, float y1, float r, float g, float b, float a)
+{
+    resetDrawState();
+    glTranslatef(0, 0, 1);
+    glColor4f(r, g, b, a);
+    glBegin(GL_QUADS);
+    glVertex2f(x0, y0);
+    glVertex2f(x1, y0);
+    glVertex2f(x1, y1);
+    glVertex2f(x0, y1);
+    glEnd();
+}
+
+// Only the two screens that draw no full-screen backdrop of their own need
+// the previous frame wiped; everywhere else the screen covers it.
+void clearToBlack()
+{
+    if (currentScreen == MainMenu || currentScreen == CreditsScreen)
+        drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, 1);
+}
+
+// Steps 1 to 5 of every textured primitive: reset, place (and turn), colour,
+// bind, and optionally switch the texture to nearest filtering for good.
+static void placeTexture(float x, float y, float angle, TextureId texture, float r, float g, float b, float a,
+                         bool nearest)
+{
+    resetDrawState();
+    glTranslatef(x, y, 1);
+    if (angle != 0)
+        glRotatef(angle, 0, 0, 1);
+    glColor4f(r, g, b, a);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    if (nearest) {
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    }
+}
+
+// The whole texture over the quad, counter-clockwise from the bottom-left.
+static void texturedQuad(float left, float bottom, float right, float top)
+{
+    glBegin(GL_QUADS);
+    glTexCoord2f(0, 0);
+    glVertex2f(left, bottom);
+    glTexCoord2f(1, 0);
+    glVertex2f(right, bottom);
+    glTexCoord2f(1, 1);
+    glVertex2f(right, top);
+    glTexCoord2f(0, 1);
+    glVertex2f(left, top);
+    glEnd();
+}
+
+static void drawSquare(float x, float y, float angle, TextureId texture, float r, float g, float b, float a,
+                       float size, bool nearest)
+{
+    placeTexture(x, y, angle, texture, r, g, b, a, nearest);
+    float half = size / 2;
+    texturedQuad(-half, -half, half, half);
+}
+
+// The size is asked from OpenGL at every call rather than stored: it is the
+// size of the texture AllegroGL made, which may differ from the picture's.
+void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a)
+{
+    placeTexture(x, y, 0, texture, r, g, b, a, true);
+    GLfloat width = 0, height = 0;
+    glGetTexLevelParameterfv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
+    glGetTexLevelParameterfv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &height);
+    texturedQuad(-width / 2, -height / 2, width / 2, height / 2);
+}
+
+// Integer halves, so an odd size loses a pixel: widgets are laid out on these.
+void drawTextureSized(int x, int y, TextureId texture, float r, float g, float b, float a, int w, int h)
+{
+    placeTexture((float)x, (float)y, 0, texture, r, g, b, a, true);
+    texturedQuad((float)(-w / 2), (float)(-h / 2), (float)(w / 2), (float)(h / 2));
+}
+
+void drawStructure(float x, float y, int slot, float r, float g, float b, float a)
+{
+    if (slot < 0 || slot > 9)
+        return;
+    drawSquare(x, y, 0, StructureFrameTable[slot], r, g, b, a, 32, true);
+}
+
+void drawStructureIcon(float x, float y, int slot, float r, float g, float b, float a)
+{
+    if (slot < 0 || slot > 9)
+        return;
+    drawSquare(x, y, 0, StructureIconTable[slot], r, g, b, a, 32, true);
+}
+
+// The planet globes are twice the size of a cell and keep their smooth
+// filtering, which suits a picture drawn larger than its detail.
+void drawObject(float x, float y, int slot, float r, float g, float b, float a)
+{
+    if (slot < 0 || slot > 15)
+        return;
+    bool globe = slot >= 3 && slot <= 6;
+    drawSquare(x, y, 0, ObjectFrameTable[slot], r, g, b, a, globe ? 64 : 32, !globe);
+}
+
+void drawTile(float x, float y, int slot, float r, float g, float b, float a)
+{
+    if (slot < 0 || slot > 22)
+        return;
+    float angle = slot == 16 ? (float)tileRotationAngle : 0;
+    drawSquare(x, y, angle, TerrainSetTextures[slot], r, g, b, a, 32, true);
+}
+
+void drawBackgroundTile(float x, float y, int index, float r, float g, float b, float a)
+{
+    if (index < 0 || index > 5)
+        return;
+    drawSquare(x, y, 0, BackgroundSetTextures[index], r, g, b, a, 256, true);
+}
+
+// 1024 pixels overhang the 640 x 480 screen at every angle (its diagonal is
+// 800), so the turning picture never shows a corner.
+void drawBackdrop()
+{
+    drawSquare(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2, backdropAngle, SpriteTextures[39], 1, 1, 1, 1, 1024, false);
+}

@@ -1,0 +1,131 @@
+// Fixed-pitch text from the font sheets: one textured quad per character, the
+// position depending only on the character's index in the line.
+
+#include "render/text.h"
+
+#include <allegro.h>
+#include <GL/gl.h>
+
+#include <cstdarg>
+#include <cstring>
+
+// Every sheet shares this grid, read from the picture's top-left corner.
+// A space in a row string is an empty cell, except row 5 column 10, which is
+// the space character itself.
+static const char *const fontRows[6] = {
+    "0123456789abcdef",
+    "ghijklmnopqrstuv",
+    "wxyzABCDEFGHIJKL",
+    "MNOPQRSTUVWXYZ.,",
+    ":;!?\"'@#$%& +-*/",
+    "=<>()[]{}_      ",
+};
+static const int SPACE_COLUMN = 10;
+static const int SPACE_ROW = 5;
+
+// Callers keep every line under 512 characters; the bound only guards
+// against a caller that does not.
+static const int TEXT_BUFFER_SIZE = 520;
+
+bool fontCell(unsigned char c, int *column, int *row)
+{
+    if (c == ' ') {
+        *column = SPACE_COLUMN;
+        *row = SPACE_ROW;
+        return true;
+    }
+    for (int r = 0; r < 6; r++)
+        for (int col = 0; col < 16; col++)
+            if (fontRows[r][col] == (char)c) {
+                *column = col;
+                *row = r;
+                return true;
+            }
+    return false;
+}
+
+struct TextStyle {
+    TextureId texture;
+    float x, y;
+    float sheetWidth, sheetHeight;
+    float cellWidth, cellHeight;
+    float spacing;
+};
+
+static void bindFont(TextureId texture)
+{
+    glLoadIdentity();
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+}
+
+// The v coordinates are negative: rows count from the top of the picture and
+// the texture's v runs up from its bottom, and with the repeat wrap -v
+// addresses the same texels as 1 - v.
+static void drawGlyph(const TextStyle &s, int index, int column, int row)
+{
+    float width = (float)(int)s.cellWidth;
+    float height = (float)(int)s.cellHeight;
+    float u0 = column * s.cellWidth / s.sheetWidth;
+    float u1 = (column + 1) * s.cellWidth / s.sheetWidth;
+    float vBottom = -(row + 1) * s.cellHeight / s.sheetHeight;
+    float vTop = -row * s.cellHeight / s.sheetHeight;
+
+    glLoadIdentity();
+    glTranslatef(s.x + index * (s.cellWidth + s.spacing), s.y, 1);
+    glBegin(GL_QUADS);
+    glTexCoord2f(u0, vBottom);
+    glVertex2f(0, 0);
+    glTexCoord2f(u1, vBottom);
+    glVertex2f(width, 0);
+    glTexCoord2f(u1, vTop);
+    glVertex2f(width, height);
+    glTexCoord2f(u0, vTop);
+    glVertex2f(0, height);
+    glEnd();
+}
+
+// Characters without a cell draw nothing but keep their place in the line.
+static void drawLine(const TextStyle &s, const char *text)
+{
+    for (int i = 0; text[i]; i++) {
+        int column, row;
+        if (fontCell((unsigned char)text[i], &column, &row))
+            drawGlyph(s, i, column, row);
+    }
+}
+
+void drawText(const TextureId &fontSlot, float x, float y, float sheetWidth, float sheetHeight, float cellWidth,
+              float cellHeight, float spacing, const char *format, ...)
+{
+    char text[TEXT_BUFFER_SIZE];
+    va_list args;
+    va_start(args, format);
+    uvszprintf(text, sizeof text, format, args);
+    va_end(args);
+
+    TextStyle style = {fontSlot, x, y, sheetWidth, sheetHeight, cellWidth, cellHeight, spacing};
+    bindFont(style.texture);
+    drawLine(style, text);
+}
+
+// Centred on n advances less two spacings, half a spacing more than the drawn
+// width: with the usual spacing of -2 a line sits one pixel left of x.
+void drawTextCentred(const TextureId &fontSlot, float x, float y, float sheetWidth, float sheetHeight,
+                     float cellWidth, float cellHeight, float spacing, const char *format, ...)
+{
+    char text[TEXT_BUFFER_SIZE];
+    va_list args;
+    va_start(args, format);
+    uvszprintf(text, sizeof text, format, args);
+    va_end(args);
+
+    TextStyle style = {fontSlot, x, y, sheetWidth, sheetHeight, cellWidth, cellHeight, spacing};
+    bindFont(style.texture);
+    float n = (float)strlen(text);
+    float advance = cellWidth + spacing;
+    style.x = x - (n * advance - 2 * spacing) * 0.5f;
+    drawLine(style, text);
+}
