@@ -173,19 +173,20 @@ static void transitionSwitchActions()
 
 void transitionTick()
 {
-    // Compared in double precision: the float alpha passes 1.2 on the 16th tick.
+    // The step is a double added to the float and stored back as a float, and
+    // the test is in double precision: alpha passes 1.2 on the 16th tick.
     if ((double)transition.alpha > 1.2 && !transition.switchLatch)
         transition.switchLatch = 1;
 
     if ((double)transition.alpha > 1.2 || transition.phase == 1) {
         runScreenLogic(transition.to);
-        transition.alpha -= 0.08f;
+        transition.alpha = (float)(transition.alpha - 0.08);
         transition.phase = 1;
         if (transition.switchLatch)
             transitionSwitchActions();
     } else {
         runScreenLogic(transition.from);
-        transition.alpha += 0.08f;
+        transition.alpha = (float)(transition.alpha + 0.08);
     }
 
     if (transition.starfieldMode == StarfieldMenu)

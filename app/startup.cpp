@@ -13,6 +13,7 @@
 #include <alleggl.h>
 #include <jpgalleg.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -51,8 +52,15 @@ static void installOrDie(bool failed, const char *logText, const char *fatalText
 
 void startLibraries()
 {
-    if (allegro_init() != 0)
+    if (allegro_init() != 0) {
+        // No log and no message box can exist yet (under Linux this is what
+        // happens without an X display), so the terminal is told why.
+        fprintf(stderr,
+                "Delvemoor: the Allegro library could not start%s%s.\n"
+                "The game needs an X display: start it from your desktop, or under Xvfb.\n",
+                allegro_error[0] ? ": " : "", allegro_error);
         exit(-1);
+    }
 
     char executable[1024];
     get_executable_name(executable, sizeof executable);
