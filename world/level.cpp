@@ -19,7 +19,7 @@ void countEditorPods(const Level &level)
     editorPodCount = pods;
 }
 
-static void setBorderRing(Level &level)
+void setBorderRing(Level &level)
 {
     const int w = level.width, h = level.height;
     if (w <= 0 || h <= 0)

@@ -107,6 +107,9 @@ bool isRadioactive(int32_t code);
 extern int32_t editorPodCount;
 void countEditorPods(const Level &level);
 
+// Every cell of the outer ring becomes Border.
+void setBorderRing(Level &level);
+
 // Borders on the ring, clear sky, support under items and water; run every frame.
 void normaliseTerrain(Level &level);
 

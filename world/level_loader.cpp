@@ -111,14 +111,7 @@ void sizeGrids(Level &level, int width, int height)
 void finishLoad(Level &level, MissionState &state)
 {
     const int w = level.width, h = level.height;
-    for (int x = 0; x < w; x++) {
-        level.terrain[x][0] = Border;
-        level.terrain[x][h - 1] = Border;
-    }
-    for (int y = 0; y < h; y++) {
-        level.terrain[0][y] = Border;
-        level.terrain[w - 1][y] = Border;
-    }
+    setBorderRing(level);
 
     int32_t pods = 0, rockets = 0;
     for (int x = 0; x < w; x++)
