@@ -45,7 +45,7 @@ test: deps
 bench: deps
 	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DDELVEMOOR_BENCH=ON
 	cmake --build build-bench -j $(JOBS)
-	@for b in build-bench/bench/bench_*; do [ -x "$$b" ] && echo "== $$b" && "$$b"; done
+	@for b in build-bench/bench/bench_*; do [ -x "$$b" ] && echo "== $$b" && xvfb-run -a -s "-screen 0 1024x768x24" "$$b"; done
 	@echo "== frame rate (Xvfb, software OpenGL)"
 	xvfb-run -a -s "-screen 0 1024x768x24" build-bench/bench/frame_rate $(CURDIR)/build-bench/game 5
 

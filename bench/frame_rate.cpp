@@ -56,9 +56,27 @@ int main(int argc, char **argv)
     install_sound(DIGI_NONE, MIDI_NONE, NULL);
     snprintf(DataRoot, sizeof DataRoot, "%s", argv[1]);
     openLogAt("/tmp/delvemoor-frame-rate.log");
-    settings.fullscreen = 0;
-    settings.colorDepth32 = 1;
-    setVideoMode();
+    // The mode a software renderer accepts, set directly: the game's own
+    // fall-back chain would stop at its notice box on such a machine.
+    allegro_gl_clear_settings();
+    allegro_gl_set(AGL_COLOR_DEPTH, 32);
+    set_color_depth(32);
+    allegro_gl_set(AGL_DOUBLEBUFFER, 1);
+    allegro_gl_set(AGL_RENDERMETHOD, 1);
+    allegro_gl_set(AGL_REQUIRE, AGL_DOUBLEBUFFER);
+    allegro_gl_set(AGL_SUGGEST, AGL_COLOR_DEPTH | AGL_RENDERMETHOD);
+    if (set_gfx_mode(GFX_OPENGL_WINDOWED, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0) < 0) {
+        fprintf(stderr, "frame_rate: no OpenGL window: %s\n", allegro_error);
+        return 1;
+    }
+    allegro_gl_use_mipmapping(-1);
+    glAlphaFunc(GL_GREATER, 0.01f);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glEnable(GL_ALPHA_TEST);
+    glDisable(GL_CULL_FACE);
+    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     printf("renderer: %s\n", (const char *)glGetString(GL_RENDERER));
 
     beginFrame2D();

@@ -78,6 +78,14 @@ void linkImageData()
     // The toolbar shows the unlit stick; a placed stick is already burning.
     StructureFrameTable[9] = DynamiteTextures[1];
     StructureIconTable[9] = DynamiteTextures[0];
+
+    // The credits pick-up and the water of planets 2 to 4 have no folder of
+    // their own: the datafile carries them as SPRITES frame 4 (a frame no
+    // screen draws) and WATER frames 1 to 3.
+    ObjectFrameTable[7] = SpriteTextures[4];
+    ObjectFrameTable[9] = WaterTextures[1];
+    ObjectFrameTable[10] = WaterTextures[2];
+    ObjectFrameTable[11] = WaterTextures[3];
 }
 
 // There is one terrain set; the argument stays so that level loaders can name

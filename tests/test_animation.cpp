@@ -17,7 +17,8 @@ static void fill(TextureId *table, int frames, int t)
 }
 
 enum { Girder = 1, GirderLeft, GirderRight, Harvester, HarvesterOn, LiftUp, LiftLeft, LiftRight, Blocker, Shovel,
-       Dynamite, Pod, RocketLanded, RocketFlying, Planet1, Planet2, Planet3, Planet4, Water, Field, Background };
+       Dynamite, Pod, RocketLanded, RocketFlying, Planet1, Planet2, Planet3, Planet4, Water, Field, Background,
+       Sprite };
 
 static void fakeTables()
 {
@@ -42,6 +43,7 @@ static void fakeTables()
     fill(WaterTextures, 11, Water);
     fill(FieldTextures, 23, Field);
     fill(FieldBackgroundTextures, 6, Background);
+    fill(SpriteTextures, 45, Sprite);
     animation = {};
     mission.hatched = false;
 }
@@ -66,6 +68,10 @@ TEST(Animation, LinkingGivesFrameZeroExceptTheBurningDynamite)
     }
     EXPECT_EQ(StructureFrameTable[9], 1000u * Dynamite + 1);
     EXPECT_EQ(StructureIconTable[9], 1000u * Dynamite);
+    // Credits and the water of planets 2 to 4 must never draw as blank squares.
+    EXPECT_EQ(ObjectFrameTable[7], 1000u * Sprite + 4);
+    for (int planet = 2; planet <= 4; planet++)
+        EXPECT_EQ(ObjectFrameTable[7 + planet], 1000u * Water + planet - 1) << planet;
 
     linkTerrainSet(3);  // any planet: there is one set
     for (int slot = 0; slot < 23; slot++)
