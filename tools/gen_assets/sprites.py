@@ -1,7 +1,12 @@
-"""SPRITES: the 45 pictures of the screens and panels. Most are drawn at
-their own size, centred where the screens put them, so each is sized to
-fit around the widgets and text that the screens draw over it. Frame 39,
-the turning backdrop, is a JPEG; all others are TGA.
+"""SPRITES: the 45 pictures of the screens and panels. Each is drawn at its
+own size (frames 0 and 2 stretched to 640 x 128), centred where a screen
+puts it, so each is laid out around the widgets and text the screen draws
+over it or, in places, under it. The row and column numbers in the notes
+below are the picture's own, counted from its top-left corner.
+
+All of them share gui.py's bevelled plates: dark space-blue steel lit from
+the upper left, amber lamps and hairlines as the warm accent. Frame 39, the
+turning backdrop, is a JPEG; all others are TGA.
 
 Frames no screen draws (21, 28, 29, 31, 37, 40, 41) are small blanks kept
 so the folder stays complete. Frame 4 is not drawn by any screen either: it
@@ -13,470 +18,838 @@ from PIL import Image, ImageDraw, ImageFilter
 
 import art
 import common
+import gui
 from common import Canvas, rgba_image, rng, fbm, ramp
+from gui import plate, ring, drop_shadow, stack, rivet
 
 F = "SPRITES"
+
+PANEL_FACE = ((36, 50, 76), (15, 22, 37))
+RECESS_FACE = ((5, 8, 14), (11, 16, 27))
+HAIR = (104, 136, 186)
+WARM = gui.WARM
+GOOD = (110, 230, 120)
+BAD = (240, 86, 70)
 
 
 def paste(dst, src, xy):
     dst = dst.copy()
-    dst.alpha_composite(src.convert("RGBA"), (int(xy[0]), int(xy[1])))
+    dst.alpha_composite(src.convert("RGBA"), (int(round(xy[0])), int(round(xy[1]))))
     return dst
+
+
+# ---------------------------------------------------------------- shared pieces
+
+def texture(w, h, key, amount=7.0):
+    """A faint mottling that keeps large panels from looking flat."""
+    n = fbm(w, h, 6, 4, rng("mottle", key, w, h)) - 0.5
+    return n * amount
+
+
+def panel(w, h, box=None, radius=10, face=PANEL_FACE, key="panel", rivets=True, bevel=3.0,
+          hairline=HAIR, shadow=True, lamp=True):
+    """The common frame of dialogs and plates: a drop shadow, a bevelled
+    steel plate, a hairline just inside the bevel, screw heads in the
+    corners and a small amber lamp strip along the top."""
+    box = box or (0.5, 0.5, w - 0.5, h - 0.5)
+    x0, y0, x1, y1 = box
+    layers = [common.blank(w, h)]
+    if shadow:
+        layers.append(drop_shadow(w, h, box, radius, offset=(1.5, 2.5), blur=2.5, strength=0.55))
+    body = plate(w, h, box, radius, face, bevel=bevel, sheen=0.12, grain=3.0, key=key,
+                 light=(190, 214, 248, 0.55), dark=(0, 0, 0, 0.7))
+    a = np.asarray(body).astype(float)
+    a[:, :, :3] += texture(w, h, key)[..., None]
+    layers.append(Image.fromarray(np.clip(a, 0, 255).astype(np.uint8), "RGBA"))
+    if hairline:
+        layers.append(ring(w, h, box, radius, hairline, width=1.0, inset=bevel + 3.0, alpha=0.35))
+    img = stack(*layers)
+    if rivets and x1 - x0 > 40 and y1 - y0 > 40:
+        for x, y in ((x0 + 8, y0 + 8), (x1 - 8, y0 + 8), (x0 + 8, y1 - 8), (x1 - 8, y1 - 8)):
+            img = rivet(img, x, y, 2.0)
+    if lamp and x1 - x0 > 100:
+        img = lamp_strip(img, (x0 + x1) / 2, y0 + 4.5, min(56, (x1 - x0) * 0.25))
+    return img
+
+
+def lamp_strip(img, cx, cy, half, colour=WARM):
+    """A thin warm light set into a panel's top bevel."""
+    w, h = img.size
+    c = Canvas(w, h)
+    c.rect((cx - half - 1, cy - 1.8, cx + half + 1, cy + 1.8), (6, 8, 12, 230), radius=1.8)
+    c.rect((cx - half, cy - 0.9, cx + half, cy + 0.9), tuple(colour) + (255,), radius=0.9)
+    c.rect((cx - half * 0.6, cy - 0.5, cx + half * 0.6, cy + 0.2), (255, 240, 200, 200), radius=0.5)
+    return Image.alpha_composite(img, common.glow(c.image(), 2.0, colour, 0.5))
+
+
+def recess(img, box, radius=4, face=RECESS_FACE, rim=HAIR, rim_alpha=0.35):
+    """A window sunk into a plate: dark glass with a reversed bevel."""
+    w, h = img.size
+    lay = plate(w, h, box, radius, face, bevel=1.5, sunk=True, light=(170, 196, 236, 0.5),
+                dark=(0, 0, 0, 0.85), outline=(2, 3, 6), outline_w=0.8)
+    img = Image.alpha_composite(img, lay)
+    if rim_alpha:
+        img = Image.alpha_composite(img, ring(w, h, box, radius, rim, 1.0, inset=-0.6, alpha=rim_alpha))
+    return img
+
+
+def cut(img, box, radius=4, rim=(150, 176, 214), rim_alpha=0.8):
+    """A see-through window, for text the game draws under the picture:
+    the plate is removed inside `box` and the window's edge is bevelled."""
+    w, h = img.size
+    inside = gui.coverage(w, h, box, radius)
+    a = np.asarray(img).astype(float)
+    a[:, :, 3] *= 1 - inside
+    img = Image.fromarray(a.astype(np.uint8), "RGBA")
+    # the sunk edge: dark along the top, lit along the bottom
+    edge = plate(w, h, (box[0] - 1.5, box[1] - 1.5, box[2] + 1.5, box[3] + 1.5), radius + 1.5,
+                 ((0, 0, 0), (0, 0, 0)), bevel=1.5, sunk=True, light=rim + (rim_alpha,),
+                 dark=(0, 0, 0, 0.9), outline=(2, 3, 6), outline_w=0.6)
+    ea = np.asarray(edge).astype(float)
+    ea[:, :, 3] *= 1 - inside
+    # keep only the frame, not the black face
+    ea[:, :, 3] *= 1 - gui.coverage(w, h, (box[0] + 1.7, box[1] + 1.7, box[2] - 1.7, box[3] - 1.7),
+                                    max(1, radius - 1.7))
+    return Image.alpha_composite(img, Image.fromarray(ea.astype(np.uint8), "RGBA"))
+
+
+def heading(img, text, cx, cy, size, colour=(255, 240, 214), glow_col=WARM, strength=0.9):
+    """A title baked into a picture: warm white letters with a dark edge and
+    a soft glow, readable over any of the panels."""
+    w, h = img.size
+    c = Canvas(w, h)
+    c.text((cx + 1, cy + 1.5), text, size, (0, 0, 0, 220))
+    c.text((cx, cy), text, size, tuple(colour) + (255,))
+    t = common.glow(c.image(), 3.0, glow_col, strength * 0.6)
+    return Image.alpha_composite(img, t)
+
+
+def hairline(img, x0, x1, y, colour=WARM, alpha=200, width=1.0):
+    w, h = img.size
+    c = Canvas(w, h)
+    c.line([(x0, y), (x1, y)], tuple(colour) + (alpha,), width)
+    return Image.alpha_composite(img, c.image())
+
+
+def stars_on(img, box, count, key, bright=200):
+    """Pin-prick stars inside `box` of a picture (for windows onto space)."""
+    r = rng("stars", key)
+    a = np.asarray(img).copy()
+    x0, y0, x1, y1 = box
+    for _ in range(count):
+        x, y = int(r.integers(x0, x1)), int(r.integers(y0, y1))
+        v = int(bright * (0.4 + 0.6 * r.random() ** 2))
+        a[y, x, :3] = np.maximum(a[y, x, :3], (v, v, min(255, v + 20)))
+    return Image.fromarray(a, "RGBA")
+
+
+def mask_to(img, box, radius):
+    """Keeps only the part of `img` inside a rounded box."""
+    w, h = img.size
+    a = np.asarray(img).astype(float)
+    a[:, :, 3] *= gui.coverage(w, h, box, radius)
+    return Image.fromarray(a.astype(np.uint8), "RGBA")
 
 
 # ---------------------------------------------------------------- game display
 
 def display_top():
-    """Frame 0: the toolbar panel over the top 128 lines (stretched from
-    512 to 640 wide). The ten tool buttons sit in its bay; the status line
-    is written in the dark strip along its lower edge (screen y 367)."""
+    """Frame 0 (512 x 128, stretched to 640 x 128 at the top of the game
+    screen): the toolbar. The ten tool buttons stand in its trough (rows 16
+    to 80). The status line is drawn BEFORE this picture, at rows 101 to 113
+    from column 27, so everything below row 96 stays see-through; a small
+    green status lamp hangs at its left end. The stretch doubles every fourth
+    column, so the picture keeps to horizontal detail."""
     w, h = 512, 128
-    img = art.panel(w, 122, key="top", radius=4, inner_alpha=1.0)
-    out = common.blank(w, h)
-    out = paste(out, img, (0, 0))
-    out = art.inset(out, (6, 8, w - 6, 90), colour=(10, 15, 26), alpha=255, radius=4)
-    out = art.inset(out, (20, 96, w - 20, 117), colour=(3, 6, 10), alpha=255, radius=3)
+    body_box = (-12, -12, 524, 95.5)
+    img = panel(w, h, body_box, radius=10, key="top", rivets=False, lamp=False, hairline=None)
+    img = recess(img, (1.5, 11.5, 510.5, 84.5), radius=6, rim_alpha=0.3)
+    # a steel rail along the lower edge, with amber lamps at its ends
+    rail = plate(w, h, (-4, 87.5, 516, 94.5), 2, ((120, 138, 166), (50, 62, 84)), bevel=1.0,
+                 light=(230, 240, 255, 0.6), dark=(0, 0, 0, 0.6), outline=(6, 8, 14), outline_w=0.8)
+    img = Image.alpha_composite(img, rail)
+    for cx in (40, 472):
+        img = lamp_strip(img, cx, 91, 16)
+    # the status lamp: a small housing on the left end of the status line
     c = Canvas(w, h)
-    for x in (10, w - 10):
-        c.ellipse((x - 2, 104, x + 2, 108), (255, 180, 70, 255))
-    # a soft shadow below the panel onto the level
-    c.rect((0, 122, w, 124), (0, 0, 0, 150))
-    c.rect((0, 124, w, 126), (0, 0, 0, 80))
-    c.rect((0, 126, w, 127), (0, 0, 0, 30))
-    return common.over(out, c.image())
+    c.rect((7, 95, 21, 110), (10, 14, 22, 255), radius=3)
+    c.rect((7.8, 95.8, 20.2, 109.2), None, outline=(110, 136, 176, 200), width=0.8, radius=2.5)
+    c.ellipse((10.5, 99, 17.5, 106), (40, 240, 90, 255))
+    c.ellipse((11.5, 99.6, 14.5, 102.4), (220, 255, 220, 230))
+    img = Image.alpha_composite(img, common.glow(c.image(), 1.5, (60, 255, 100), 0.45))
+    # a soft shadow onto the level, ending above the status text
+    a = np.asarray(img).astype(float)
+    for row, alpha in ((96, 0.42), (97, 0.26), (98, 0.14), (99, 0.06)):
+        keep = a[row, :, 3] / 255.0
+        a[row, :, :3] = (a[row, :, :3] * keep[:, None])
+        a[row, :, 3] = np.maximum(a[row, :, 3], alpha * 255)
+    return common.clean_alpha(Image.fromarray(a.astype(np.uint8), "RGBA"), 4)
 
 
 def display_bottom():
-    """Frame 2: the bottom bar (stretched from 512 to 640 wide): opaque in
-    its lowest 40 lines, where the credits, pods, Hatch Pods and Menu sit;
-    see-through above, with a soft shadow onto the level."""
+    """Frame 2 (512 x 128, stretched to 640 x 128 along the bottom): opaque
+    in its lowest 40 rows, under the credits box, the hatch bar and Menu;
+    see-through above, with a soft shadow onto the level. It is drawn after
+    the launch panel, so it also hides that panel's lower part."""
     w, h = 512, 128
-    bar = art.panel(w, 40, key="bottom", radius=4, inner_alpha=1.0)
-    out = paste(common.blank(w, h), bar, (0, 88))
-    c = Canvas(w, h)
-    c.rect((0, 84, w, 86), (0, 0, 0, 40))
-    c.rect((0, 86, w, 88), (0, 0, 0, 110))
-    return common.over(out, c.image())
+    img = panel(w, h, (-12, 88.5, 524, 140), radius=8, key="bottom", rivets=False, lamp=False,
+                hairline=None, shadow=False)
+    rail = plate(w, h, (-4, 88.5, 516, 92.5), 1.5, ((140, 158, 186), (70, 84, 108)), bevel=0.8,
+                 light=(240, 246, 255, 0.6), dark=(0, 0, 0, 0.5), outline=(6, 8, 14), outline_w=0.6)
+    img = Image.alpha_composite(img, rail)
+    # sockets under the three groups, so they look set into the bar
+    for x0, x1 in ((3, 109), (144, 352), (388, 496)):
+        img = recess(img, (x0, 95, x1, 125), radius=5, face=((8, 12, 20), (14, 20, 32)), rim_alpha=0.2)
+    for cx in (126, 370, 504):
+        c = Canvas(w, h)
+        c.ellipse((cx - 2.5, 106, cx + 2.5, 111), (255, 182, 72, 255))
+        img = Image.alpha_composite(img, common.glow(c.image(), 1.5, WARM, 0.5))
+    a = np.asarray(img).astype(float)
+    for row, alpha in ((87, 0.45), (86, 0.3), (85, 0.16), (84, 0.07)):
+        a[row, :, 3] = np.maximum(a[row, :, 3], alpha * 255)
+    return common.clean_alpha(Image.fromarray(a.astype(np.uint8), "RGBA"), 4)
 
 
 def launch_panel():
-    """Frame 1 (256 x 128): slides in from the right; the game writes
-    "Ready for launch" in its display and puts the Launch button in its bay."""
+    """Frame 1 (256 x 128): slides in from the right to (515, 70). The game
+    writes "Ready for launch" BEFORE drawing it, at rows 20 to 32 from column
+    34, so that stretch is a see-through window; the Launch button sits in
+    the bay at rows 48 to 80, columns 51 to 179. The bottom bar covers every
+    row below 94."""
     w, h = 256, 128
-    body = art.panel(w, h, key="launch", fill=["#1a1410", "#2a2018", "#3a2c1e", "#4a3826", "#5c4630"],
-                     rim=(235, 160, 70))
-    out = art.inset(body, (24, 12, 244, 40), colour=(12, 4, 4), alpha=255)
-    out = art.inset(out, (44, 44, 188, 86), colour=(8, 8, 12), alpha=200)
+    img = panel(w, h, (3.5, 2.5, 270, 140), radius=12, key="launch", rivets=False, lamp=False)
+    img = rivet(img, 12, 11, 2.0)
+    img = rivet(img, 12, 86, 2.0)
+    img = cut(img, (27.5, 15.5, 205.5, 37.5), radius=5)
+    img = recess(img, (44.5, 43.5, 186.5, 85.5), radius=9, rim_alpha=0.3)
+    # hazard stripes down the leading edge
     c = Canvas(w, h)
-    for i in range(14):
-        x = 8 + i * 18
-        c.polygon([(x, 104), (x + 9, 104), (x + 1, 120), (x - 8, 120)], (240, 190, 40, 255))
-        c.polygon([(x + 9, 104), (x + 18, 104), (x + 10, 120), (x + 1, 120)], (30, 26, 24, 255))
-    c.rect((4, 102, w - 4, 122), None, outline=(90, 70, 40, 255), width=1)
-    out = common.over(out, c.image())
-    rk = art.rocket(32, 48, lights=1.0, scale=0.95)
-    return paste(out, rk, (202, 46))
+    c.rect((6, 22, 19, 92), (26, 20, 12, 255), radius=2)
+    for i in range(-2, 12):
+        y = 22 + i * 9
+        c.polygon([(6, y), (19, y - 7), (19, y - 2.5), (6, y + 4.5)], (240, 180, 40, 255))
+    stripes = mask_to(c.image(), (6, 22, 19, 92), 2)
+    img = Image.alpha_composite(img, stripes)
+    img = Image.alpha_composite(img, ring(w, h, (5.5, 21, 19.5, 93), 2.5, (10, 8, 6), 1.0, alpha=0.9))
+    # a beacon and the rocket that waits for the button
+    b = Canvas(w, h)
+    b.ellipse((218, 10, 234, 26), (16, 10, 8, 255))
+    b.ellipse((220, 12, 232, 24), (255, 120, 50, 255))
+    b.ellipse((222, 13.5, 227, 18.5), (255, 230, 190, 230))
+    img = Image.alpha_composite(img, common.glow(b.image(), 3.0, (255, 110, 40), 0.8))
+    img = recess(img, (196, 34, 246, 92), radius=6, face=((6, 10, 20), (16, 24, 40)), rim_alpha=0.3)
+    img = stars_on(img, (199, 37, 243, 70), 14, "launchstars")
+    rk = art.rocket(44, 56, lights=1.0, scale=1.0)
+    img = paste(img, rk, (199, 35))
+    return img
 
 
 def pause_panel():
-    """Frame 3 (256 x 256) behind Resume, Retry and Exit."""
-    img = art.panel(256, 256, key="pause")
-    img = art.heading(img, "PAUSED", 30, 22)
+    """Frame 3 (256 x 256) at (320, 220): behind Resume (rows 62 to 94),
+    Retry (98 to 130) and Exit (192 to 224), all at columns 64 to 192."""
+    img = panel(256, 256, (2.5, 2.5, 253.5, 249.5), radius=14, key="pause")
+    img = heading(img, "PAUSED", 128, 29, 24)
+    img = hairline(img, 56, 200, 48.5)
+    img = recess(img, (57.5, 56.5, 198.5, 136.5), radius=8, rim_alpha=0.25)
+    img = recess(img, (57.5, 186.5, 198.5, 230.5), radius=8, rim_alpha=0.25)
+    # a pause sign in a round socket between the groups
     c = Canvas(256, 256)
-    c.line([(40, 50), (216, 50)], (96, 170, 235, 160), 1)
-    c.ellipse((108, 141, 148, 181), (15, 22, 36, 255), outline=(96, 170, 235, 255), width=1.5)
-    c.rect((119, 151, 125, 171), (150, 220, 255, 255), radius=1)
-    c.rect((131, 151, 137, 171), (150, 220, 255, 255), radius=1)
-    return common.over(img, c.image())
+    c.ellipse((111, 144, 145, 178), (6, 9, 16, 255))
+    c.ellipse((111, 144, 145, 178), None, outline=(110, 140, 190, 220), width=1.2)
+    c.rect((120, 152, 125.5, 170), WARM + (255,), radius=1.2)
+    c.rect((130.5, 152, 136, 170), WARM + (255,), radius=1.2)
+    img = Image.alpha_composite(img, common.glow(c.image(), 2.0, WARM, 0.5))
+    img = hairline(img, 30, 98, 161.5, HAIR, 120)
+    img = hairline(img, 158, 226, 161.5, HAIR, 120)
+    return img
 
 
 def coin(size=32):
     """Frame 4: a credits pick-up, a small stack of gold chips."""
     c = Canvas(size, size)
     k = size / 32.0
-    for i, y in enumerate((24, 19, 14)):
-        c.ellipse((6 * k, (y - 3) * k, 26 * k, (y + 4) * k), (150, 100, 20, 255))
-        c.ellipse((6 * k, (y - 4) * k, 26 * k, (y + 2) * k), (250, 200, 60, 255))
-        c.ellipse((10 * k, (y - 3) * k, 22 * k, (y + 1) * k), (255, 235, 150, 255))
-    c.text((16 * k, 11 * k), "$", 7 * k, (150, 100, 20, 255))
+    for y in (24, 19, 14):
+        c.ellipse((6 * k, (y - 3) * k, 26 * k, (y + 4) * k), (140, 90, 20, 255))
+        c.ellipse((6 * k, (y - 4) * k, 26 * k, (y + 2) * k), (250, 196, 60, 255))
+        c.ellipse((10 * k, (y - 3) * k, 22 * k, (y + 1) * k), (255, 232, 150, 255))
+    c.text((16 * k, 11 * k), "$", 7 * k, (150, 96, 20, 255))
     return common.glow(c.image(), 1.2 * k, (255, 210, 90), 0.5)
 
 
 def credits_box():
-    """Frame 5 (128 x 32) at (70, 17): the coin and the window in which the
-    game writes the credits (from x 34, the picture's column 28)."""
-    img = art.panel(128, 32, key="credits", radius=5, fill=["#1a160c", "#2a2212", "#3a3018", "#4a3e20", "#5a4c28"],
-                    rim=(230, 190, 80))
-    img = art.inset(img, (26, 5, 123, 27), colour=(6, 5, 2), alpha=255)
+    """Frame 5 (128 x 32) at (70, 17): a coin and the window in which the
+    game writes the credits in yellow 16-pixel digits (from column 28, rows
+    9 to 25)."""
+    img = panel(128, 32, (0.5, 0.5, 127.5, 31.5), radius=6, key="credits", rivets=False, lamp=False,
+                hairline=None, shadow=False, bevel=2.0)
+    img = recess(img, (25.5, 4.5, 123.5, 28.5), radius=4, face=((8, 7, 2), (16, 13, 6)), rim=WARM,
+                 rim_alpha=0.25)
     return paste(img, coin(24), (2, 4))
 
 
 def hatch_bar(hatched):
-    """Frames 15 and 16 (256 x 32) at (310, 17), behind the Hatch Pods button:
-    a pod, the window of the pod counter (from x 217) and a lamp that is
-    amber while pods wait and green once they are hatched."""
-    img = art.panel(256, 32, key="hatchbar", radius=5)
-    img = art.inset(img, (30, 5, 64, 27), colour=(2, 8, 4), alpha=255)
-    img = paste(img, art.pod(28, 0.8 if hatched else 0.4, crack=1.0 if hatched else 0.0), (2, 2))
-    c = Canvas(256, 32)
+    """Frames 15 and 16 (256 x 32) at (310, 17). The game writes the count of
+    pods still without a hatcher in green from column 35 (rows 9 to 25) and
+    lays the Hatch Pods button over columns 65 to 193. Left: a pod; right: a
+    lamp, amber while pods wait, green once they have hatched."""
+    img = panel(256, 32, (0.5, 0.5, 255.5, 31.5), radius=6, key="hatchbar", rivets=False, lamp=False,
+                hairline=None, shadow=False, bevel=2.0)
+    img = recess(img, (31.5, 4.5, 66.5, 28.5), radius=4, face=((2, 8, 4), (6, 16, 9)), rim=GOOD,
+                 rim_alpha=0.2)
+    img = paste(img, art.pod(28, 0.9 if hatched else 0.45, crack=1.0 if hatched else 0.0), (2, 2))
+    img = recess(img, (199.5, 4.5, 251.5, 28.5), radius=5, rim_alpha=0.2)
     lamp = art.GREEN if hatched else art.AMBER
-    c.ellipse((214, 7, 232, 25), (20, 20, 20, 255))
-    c.ellipse((216, 9, 230, 23), tuple(lamp) + (255,))
-    c.ellipse((218.5, 11, 223.5, 16), (255, 255, 255, 200))
-    c.text((242, 16), "\u2713" if hatched else "\u2026", 11, tuple(lamp) + (255,), font="DejaVuSans.ttf")
-    return common.over(img, common.glow(c.image(), 2.0, lamp, 0.5))
+    c = Canvas(256, 32)
+    c.ellipse((205, 8, 221, 24), (12, 12, 14, 255))
+    c.ellipse((206.5, 9.5, 219.5, 22.5), tuple(lamp) + (255,))
+    c.ellipse((209, 11, 214, 16), (255, 255, 240, 210))
+    # a tick when hatched, three waiting dots before
+    if hatched:
+        c.line([(229, 16.5), (234, 21.5), (244, 10.5)], tuple(lamp) + (255,), 2.4)
+    else:
+        for i in range(3):
+            c.ellipse((228 + i * 6.5, 14.5, 231 + i * 6.5, 17.5), tuple(lamp) + (255,))
+    return Image.alpha_composite(img, common.glow(c.image(), 2.0, lamp, 0.5))
 
 
 # ---------------------------------------------------------------- select screen
 
 def window_frame(title, key, sockets=()):
-    """A 256 x 256 bezel around a 200 x 200 window that stays see-through,
-    so what the screen drew beneath (black panel, highlights, text) shows."""
+    """A 256 x 256 bezel around a 200 x 200 window (rows and columns 28 to
+    228) that stays see-through: the screen has drawn an opaque black panel,
+    the planet highlights and the mission list beneath it. Its top 8 rows
+    fall off the screen at the positions the game uses, so the title plate
+    starts below them."""
     w = 256
-    c = Canvas(w, w)
-    c.rect((14, 14, 242, 242), None, outline=(50, 70, 100, 255), width=12, radius=10)
-    c.rect((14, 14, 242, 242), None, outline=(96, 170, 235, 255), width=1.5, radius=10)
-    c.rect((26.5, 26.5, 229.5, 229.5), None, outline=(20, 28, 44, 255), width=2, radius=4)
+    img = panel(w, w, (13.5, 13.5, 242.5, 242.5), radius=12, key="frame" + key, lamp=False, hairline=None)
+    img = cut(img, (28, 28, 228, 228), radius=6)
     for x, y in sockets:
-        c.ellipse((x - 36, y - 36, x + 36, y + 36), None, outline=(96, 170, 235, 140), width=1.2)
+        c = Canvas(w, w)
+        c.ellipse((x - 37, y - 37, x + 37, y + 37), None, outline=(110, 140, 190, 110), width=1.0)
         for a in range(0, 360, 90):
             ra = math.radians(a + 45)
-            c.line([(x + math.cos(ra) * 36, y + math.sin(ra) * 36),
-                    (x + math.cos(ra) * 41, y + math.sin(ra) * 41)], (150, 220, 255, 200), 1.5)
-    img = c.image()
-    img = art.rivets(img, [(20, 20), (236, 20), (20, 236), (236, 236)], 2.0)
-    # the top 8 rows fall off the screen at the frames' positions
-    plate = art.panel(120, 18, key="plate" + key, radius=4)
-    img = paste(img, plate, (68, 10))
-    return art.heading(img, title, 19, 10)
+            c.line([(x + math.cos(ra) * 35, y + math.sin(ra) * 35),
+                    (x + math.cos(ra) * 40, y + math.sin(ra) * 40)], (255, 190, 90, 200), 1.4)
+        img = Image.alpha_composite(img, c.image())
+    tp = panel(w, w, (66.5, 8.5, 189.5, 29.5), radius=5, key="title" + key, rivets=False, lamp=False,
+               hairline=None, bevel=2.0)
+    img = Image.alpha_composite(img, tp)
+    img = heading(img, title, 128, 19.5, 11, strength=0.6)
+    return img
 
 
 def mission_frame():
+    """Frame 11 at (190, 360): the mission list's window. The current mission
+    is written on rows 122 to 134 (from column 62); amber pointers mark it."""
     img = window_frame("MISSIONS", "m")
     c = Canvas(256, 256)
-    # markers beside the current mission's line (rows 122..134)
-    c.polygon([(30, 121), (38, 128), (30, 135)], (150, 230, 255, 255))
-    c.polygon([(226, 121), (218, 128), (226, 135)], (150, 230, 255, 255))
-    c.line([(40, 137.5), (216, 137.5)], (96, 170, 235, 90), 1)
-    c.line([(40, 119.5), (216, 119.5)], (96, 170, 235, 90), 1)
-    return common.over(img, common.glow(c.image(), 1.5, art.CYAN, 0.6))
+    c.polygon([(30, 122), (38, 128), (30, 134)], WARM + (255,))
+    c.polygon([(226, 122), (218, 128), (226, 134)], WARM + (255,))
+    img = Image.alpha_composite(img, common.glow(c.image(), 1.5, WARM, 0.6))
+    img = hairline(img, 42, 214, 119.5, WARM, 70)
+    img = hairline(img, 42, 214, 137.5, WARM, 70)
+    return img
 
 
 def bezel():
-    """Frame 42 (256 x 256): the screen on which the selected planet's
-    picture appears; dark inside while a picture fades."""
-    img = art.panel(256, 256, key="bezel", radius=12)
-    img = art.inset(img, (26, 26, 230, 230), colour=(4, 6, 12), alpha=255, radius=8)
-    img = art.rivets(img, [(12, 12), (244, 12), (12, 244), (244, 244)], 2.2)
+    """Frame 42 (256 x 256) at (440, 140): the screen on which the planet
+    pictures fade; dark inside while one fades. It ends at row 242 so the
+    message strip below it stays in view."""
+    img = panel(256, 256, (13.5, 13.5, 242.5, 242.5), radius=12, key="bezel", lamp=False, hairline=None)
+    img = recess(img, (26.5, 26.5, 229.5, 229.5), radius=8, face=((3, 5, 10), (6, 9, 16)), rim_alpha=0.3)
     c = Canvas(256, 256)
-    c.ellipse((123, 236, 133, 246), (60, 220, 120, 255))
-    return common.over(img, c.image())
+    for i, x in enumerate((112, 128, 144)):
+        col = (60, 230, 120, 255) if i == 1 else (255, 182, 72, 200)
+        c.ellipse((x - 2, 234, x + 2, 238), col)
+    return Image.alpha_composite(img, common.glow(c.image(), 1.5, (120, 220, 140), 0.4))
+
+
+POSTCARD = {
+    # sky top, sky low, far ridge, near ground top, near ground deep, accent
+    1: dict(sky=("#07142c", "#2c5a7c"), far="#2c4d3a", near=("#6f9a3a", "#3d2a1c"), glow=(255, 200, 120)),
+    2: dict(sky=("#050d1e", "#3c6a92"), far="#6c8fb4", near=("#e4f2fb", "#7fa5c8"), glow=(200, 235, 255)),
+    3: dict(sky=("#04040a", "#1c1c2c"), far="#3c3834", near=("#8a8078", "#3a3431"), glow=(255, 210, 170)),
+    4: dict(sky=("#160818", "#6a2c60"), far="#7c3068", near=("#f0a6c0", "#7a2f5e"), glow=(255, 170, 210)),
+}
 
 
 def planet_picture(num):
-    """Frames 7 to 10 (256 x 256): a view of each planet's surface, in the
-    window of the bezel (frame 42)."""
-    p = art.PLANETS[num]
+    """Frames 7 to 10 (256 x 256) at (440, 140), over the bezel's window
+    (rows and columns 28 to 228), with the alpha of the message fade: a
+    view across each planet's surface, with a rocket waiting, and its name."""
+    p = POSTCARD[num]
     w = 256
-    cols = p["cols"]
     r = rng("postcard", num)
     ys = np.arange(w)[:, None].astype(float)
-    sky = ramp(np.clip(ys / 150, 0, 1), ["#05060e", "#10142a", art.SKY[3], "#6a4f88"])
-    sky = sky * np.ones((1, w, 1))
+    sky = ramp(np.clip((ys - 28) / 150, 0, 1), [p["sky"][0], p["sky"][1]]) * np.ones((1, w, 1))
     img = rgba_image(sky)
-    # stars
-    a = np.asarray(img).copy()
-    for _ in range(90):
-        x, y = int(r.integers(0, w)), int(r.integers(0, 120))
-        v = int(150 + 105 * r.random())
-        a[y, x, :3] = v
-    img = Image.fromarray(a, "RGBA")
-    # the planet's own globe hangs in the sky
-    img = paste(img, art.globe(num, 96, 0.3), (140, 30))
-    # ground: two ridges in the planet's colours, a rocket on the near one
+    img = stars_on(img, (28, 28, 228, 120), 70, ("pc", num), 230)
+    # a sun low in the sky, and a neighbour planet
+    c = Canvas(w, w)
+    c.ellipse((52, 70, 66, 84), tuple(p["glow"]) + (255,))
+    img = Image.alpha_composite(img, common.glow(c.image(), 8.0, p["glow"], 0.8))
+    other = {1: 2, 2: 4, 3: 1, 4: 3}[num]
+    img = paste(img, art.globe(other, 40, 0.2 + num * 0.17), (170, 40))
     land = common.blank(w, w)
     d = ImageDraw.Draw(land)
-    for layer, (base, amp, shade) in enumerate(((170, 30, 0.45), (200, 22, 0.8))):
-        prof = fbm(w, 1, 3 + layer * 2, 4, rng("pc", num, layer))[0]
-        pts = [(x, base - prof[x] * amp) for x in range(w)] + [(w, w), (0, w)]
-        colr = tuple(int(v * shade) for v in art.rgb(cols[2 + layer]))
-        d.polygon(pts, fill=colr + (255,))
+    # a far ridge, then the near ground in the planet's colours
+    far = fbm(w, 1, 4, 4, rng("pc-far", num))[0]
+    d.polygon([(x, 150 - far[x] * 36) for x in range(w)] + [(w, w), (0, w)], fill=art.rgb(p["far"]) + (255,))
     img = Image.alpha_composite(img, land)
-    img = paste(img, art.rocket(32, 48, scale=1.0), (60, 150))
-    bm = art.bubbleman(32)
-    img = paste(img, bm, (100, 175))
-    img = paste(img, art.pod(32, 0.7), (170, 205))
+    # haze over the far ridge, thinning toward the near ground
+    hz = np.asarray(img).astype(float)
+    fade = np.clip(1 - (ys - 118) / 40, 0, 1)[..., None] * 0.25
+    hz[:, :, :3] = hz[:, :, :3] * (1 - fade) + art.rgb(p["sky"][1]) * fade
+    img = Image.fromarray(np.clip(hz, 0, 255).astype(np.uint8), "RGBA")
+    near = fbm(w, 1, 3, 4, rng("pc-near", num))[0]
+    top = 178 - near * 22
+    ground = np.clip((ys - top[None, :]) / 60, 0, 1)
+    col = ramp(ground, [p["near"][0], p["near"][1]])
+    # light from the upper left on the ground's crest
+    slope = np.gradient(top)
+    crest = np.exp(-((ys - top[None, :]) / 3.0) ** 2) * np.clip(-slope * 0.8 + 0.4, 0, 1)[None, :]
+    col = col + crest[..., None] * 70
+    if num == 1:
+        col = col + (np.sin(np.arange(w) * 1.7)[None, :] * 6)[..., None] * (ys < top[None, :] + 4)[..., None]
+    if num == 3:
+        for _ in range(6):
+            cx, cy, rad = 30 + r.random() * 200, 200 + r.random() * 30, 5 + r.random() * 8
+            dist = np.hypot(np.arange(w)[None, :] - cx, (ys - cy) * 2.2) / rad
+            col = col - (np.clip(1 - dist, 0, 1) * 40)[..., None] + (np.exp(-(dist - 1) ** 2 * 8) * 25)[..., None]
+    a = (ys >= top[None, :]).astype(float)
+    img = Image.alpha_composite(img, rgba_image(np.clip(col, 0, 255), a))
+    # each planet's own details on the ground
+    det = Canvas(w, w)
+    if num == 1:
+        for x in range(34, 226, 7):
+            y = top[x]
+            h2 = 3 + r.random() * 4
+            det.line([(x, y + 1), (x + 1, y - h2)], (120, 170, 60, 255), 1.2)
+    elif num == 2:
+        for x in (50, 150, 205):
+            y = top[x]
+            det.polygon([(x - 6, y + 3), (x, y - 18), (x + 5, y + 3)], (235, 248, 255, 255))
+            det.polygon([(x, y - 18), (x + 5, y + 3), (x + 1, y + 3)], (150, 190, 225, 255))
+    elif num == 4:
+        for x in (46, 140, 208):
+            y = top[x]
+            det.rect((x - 1.5, y - 10, x + 1.5, y + 2), (255, 220, 230, 255))
+            det.ellipse((x - 8, y - 17, x + 8, y - 7), (250, 110, 170, 255))
+            det.ellipse((x - 5, y - 16, x + 1, y - 12), (255, 200, 226, 255))
+    img = Image.alpha_composite(img, det.image())
+    x_r = 70
+    img = paste(img, art.rocket(40, 60, scale=1.0), (x_r - 20, int(top[x_r]) - 57))
+    x_b = 112
+    img = paste(img, art.bubbleman(32), (x_b - 16, int(top[x_b]) - 29))
+    x_p = 160
+    img = paste(img, art.pod(32, 0.8), (x_p - 16, int(top[x_p]) - 14))
+    # the caption
     names = {1: "FIELD", 2: "ICE", 3: "ASTEROID", 4: "SOFT"}
-    img = art.heading(img, "PLANET %d \u00b7 %s" % (num, names[num]), 214, 13)
-    # only the window of the bezel shows the picture
-    mask = Canvas(w, w)
-    mask.rect((28, 28, 228, 228), (255, 255, 255, 255), radius=6)
-    m = np.asarray(mask.image())[:, :, 3]
-    arr = np.asarray(img).copy()
-    arr[:, :, 3] = np.minimum(arr[:, :, 3], m)
-    return common.clean_alpha(Image.fromarray(arr, "RGBA"))
+    cap = plate(w, w, (46.5, 202.5, 209.5, 222.5), 5, ((20, 28, 44), (10, 14, 24)), bevel=1.2,
+                light=(190, 214, 248, 0.5), dark=(0, 0, 0, 0.6), alpha=0.85)
+    img = Image.alpha_composite(img, cap)
+    img = heading(img, "PLANET %d \u00b7 %s" % (num, names[num]), 128, 212.5, 11, strength=0.6)
+    return common.clean_alpha(mask_to(img, (28, 28, 228, 228), 6))
 
 
 def chevron(up):
     """Frames 13 and 14 (32 x 16), over the mission arrows: earlier missions
     are listed above the current one, later ones below."""
     c = Canvas(32, 16)
-    pts = [(8, 11), (16, 4), (24, 11)] if up else [(8, 5), (16, 12), (24, 5)]
-    c.line(pts, (20, 30, 50, 255), 4.0)
-    c.line(pts, (210, 240, 255, 255), 2.0)
+    pts = [(8.5, 11), (16, 4.5), (23.5, 11)] if up else [(8.5, 5), (16, 11.5), (23.5, 5)]
+    c.line([(x + 0.5, y + 1) for x, y in pts], (0, 0, 0, 200), 4.2)
+    c.line(pts, (250, 236, 210, 255), 2.2)
     return c.image()
 
 
 def message_strip():
-    """Frame 32 (512 x 32) at (315, 16): under the game-select message line."""
-    img = art.panel(512, 32, key="msg", radius=6, inner_alpha=0.85)
-    return art.inset(img, (8, 5, 504, 27), colour=(4, 6, 12), alpha=200)
+    """Frame 32 (512 x 32) at (315, 16): under the game-select message line
+    (16-pixel text at rows 12 to 28, from column 45). Its plate starts at row
+    6; the panels above it end there."""
+    img = panel(512, 32, (1.5, 5.5, 510.5, 40), radius=8, key="msg", rivets=False, lamp=False,
+                hairline=None, shadow=False, bevel=2.0)
+    return recess(img, (30.5, 9.5, 481.5, 31), radius=5, rim_alpha=0.25)
 
 
 def label_plate():
-    """Frame 18 (128 x 32): behind a short text (the current video choices,
-    the password on the game-select screen)."""
-    img = art.panel(128, 32, key="label", radius=6)
-    return art.inset(img, (6, 6, 122, 26), colour=(4, 6, 12), alpha=235)
+    """Frame 18 (128 x 32): behind a short 12-pixel text on rows 10 to 22 (the
+    video choices on the options screen; the password on the game-select
+    screen, where it is tinted from blue to white, so its rim is neutral
+    steel that takes the tint)."""
+    img = panel(128, 32, (0.5, 0.5, 127.5, 31.5), radius=7, key="label", rivets=False, lamp=False,
+                hairline=None, shadow=False, bevel=2.0,
+                face=((126, 136, 154), (66, 74, 90)))
+    return recess(img, (6.5, 6, 121.5, 26), radius=4, face=((4, 6, 10), (10, 13, 20)), rim_alpha=0.0)
 
 
 def text_field():
-    """Frame 30 (128 x 32) at (320, 210): the field in which a typed
-    password appears."""
-    img = art.panel(128, 32, key="field", radius=4, rim=(150, 220, 255))
-    img = art.inset(img, (4, 4, 124, 28), colour=(0, 0, 0), alpha=255)
+    """Frame 30 (128 x 32) at (320, 210): the field in which a typed password
+    appears (12-pixel text, rows 10 to 22)."""
+    img = panel(128, 32, (0.5, 0.5, 127.5, 31.5), radius=6, key="field", rivets=False, lamp=False,
+                hairline=None, shadow=False, bevel=2.0)
+    img = recess(img, (4.5, 4.5, 123.5, 27.5), radius=4, face=((0, 0, 0), (6, 8, 12)), rim=WARM,
+                 rim_alpha=0.45)
     c = Canvas(128, 32)
-    c.rect((4, 4, 124, 28), None, outline=(150, 220, 255, 120), width=1, radius=3)
-    return common.over(img, c.image())
+    c.rect((10, 23, 118, 24), (255, 182, 72, 90))
+    return Image.alpha_composite(img, c.image())
 
 
 def password_plate():
-    """Frame 44 (256 x 64) under the mission-complete panel; the game writes
-    the next password in its window (screen y 60, the picture's row 35)."""
-    img = art.panel(256, 64, key="pwd", radius=8)
-    img = art.heading(img, "PASSWORD", 13, 11)
-    return art.inset(img, (48, 28, 208, 54), colour=(2, 4, 10), alpha=255)
+    """Frame 44 (256 x 64) at (320, 75), under the mission-complete panel: the
+    game writes the next password on rows 35 to 47, centred."""
+    img = panel(256, 64, (20.5, 2.5, 235.5, 61.5), radius=9, key="pwd", rivets=False, lamp=False,
+                hairline=None, bevel=2.0)
+    img = heading(img, "PASSWORD", 128, 16, 11, strength=0.5)
+    img = recess(img, (60.5, 28.5, 195.5, 54.5), radius=5, face=((2, 4, 8), (6, 9, 14)), rim_alpha=0.3)
+    for x in (30, 226):
+        img = rivet(img, x, 32, 2.0)
+    return img
 
 
 # ---------------------------------------------------------------- mission end
 
 def mission_end(won):
     """Frames 17 and 33 (256 x 256) at (320, 230); the Continue button sits
-    on their lower edge (picture rows 210 to 242)."""
-    if won:
-        img = art.panel(256, 256, key="won", rim=(120, 230, 140),
-                        fill=["#0e1a12", "#15281c", "#1e3826", "#284a32", "#335c3e"])
-        img = art.heading(img, "MISSION COMPLETE", 28, 19, glow_col=(80, 220, 110))
-    else:
-        img = art.panel(256, 256, key="lost", rim=(235, 100, 90),
-                        fill=["#1c0e0e", "#2c1616", "#3c1e1e", "#4c2828", "#5e3232"])
-        img = art.heading(img, "MISSION FAILED", 28, 20, glow_col=(235, 80, 70))
-    img = art.inset(img, (36, 52, 220, 196), colour=(6, 8, 16), alpha=255, radius=6)
-    # a small scene in the window
+    at rows 210 to 242, columns 64 to 192; the password plate (frame 44)
+    overlaps the last rows when a password is shown."""
+    accent = GOOD if won else BAD
+    img = panel(256, 256, (2.5, 2.5, 253.5, 253.5), radius=14, key="end%d" % won, lamp=False,
+                hairline=accent)
+    img = lamp_strip(img, 128, 7, 56, accent)
+    img = heading(img, "MISSION COMPLETE" if won else "MISSION FAILED", 128, 29, 19,
+                  glow_col=accent, strength=0.8)
+    img = hairline(img, 40, 216, 46.5, accent, 170)
+    win = (20.5, 54.5, 235.5, 198.5)
+    img = recess(img, win, radius=8, face=((4, 6, 14), (10, 12, 24)), rim_alpha=0.3)
+    img = recess(img, (57.5, 204.5, 198.5, 247.5), radius=8, rim_alpha=0.2)
     scene = common.blank(256, 256)
-    d = ImageDraw.Draw(scene)
+    scene = stars_on(scene.convert("RGBA"), (22, 56, 234, 150), 60, ("end", won), 220)
+    a = np.asarray(scene).copy()
+    a[:, :, 3] = np.where(a[:, :, :3].max(axis=2) > 0, 255, 0)
+    scene = Image.fromarray(a, "RGBA")
     prof = fbm(256, 1, 4, 3, rng("endscene", won))[0]
-    d.polygon([(x, 170 - prof[x] * 14) for x in range(38, 219)] + [(218, 194), (38, 194)],
-              fill=(75, 50, 32, 255))
-    img = Image.alpha_composite(img, scene)
-    r = rng("endstars", won)
-    arr = np.asarray(img).copy()
-    for _ in range(40):
-        x, y = int(r.integers(40, 216)), int(r.integers(56, 140))
-        arr[y, x, :3] = 200
-    img = Image.fromarray(arr, "RGBA")
+    ys = np.arange(256)[:, None].astype(float)
+    top = 176 - prof * 14
+    dirt = art.dirt_rgb(256, 256, "end%d" % won)
+    g = (ys >= top[None, :]).astype(float)
+    crest = (ys < top[None, :] + 3) & (ys >= top[None, :])
+    col = np.where(crest[..., None], np.array(art.rgb(art.MOSS[2]), float), dirt)
+    scene = Image.alpha_composite(scene, rgba_image(col, g))
     if won:
-        img = paste(img, art.rocket(48, 96, flame=1.0, key=7, legs=False, scale=0.9), (104, 62))
-        for x in (60, 170):
-            img = paste(img, art.bubbleman(32), (x, 136))
-    else:
-        img = paste(img, art.rocket(48, 48, lights=0.0), (150, 120))
+        scene = paste(scene, art.rocket(56, 104, flame=1.0, key=7, legs=False, scale=0.95), (100, 58))
         c = Canvas(256, 256)
-        c.ellipse((62, 150, 102, 168), tuple(art.rgb(art.BODY[1])) + (255,))
-        c.ellipse((70, 152, 86, 160), tuple(art.rgb(art.BODY[3])) + (255,))
-        c.ellipse((58, 110, 106, 158), None, outline=(200, 240, 255, 120), width=1)
-        img = common.over(img, c.image())
-    return img
+        # a cloud of exhaust rolling out along the ground
+        for i in range(14):
+            x = 128 + math.cos(i * 0.45) * (20 + i * 3)
+            y = 168 - i * 1.5
+            c.ellipse((x - 4 - i * 0.6, y - 3, x + 4 + i * 0.6, y + 3), (200, 190, 180, 90))
+        scene = Image.alpha_composite(scene, c.image())
+        for x, ph in ((52, 0.25), (176, 0.6)):
+            scene = paste(scene, art.bubbleman(32, phase=ph), (x, int(top[x + 16]) - 30))
+    else:
+        # the same ground in failing light, a rocket left waiting, and what
+        # is left of a bubbleman: a puddle with two eyes and his burst bubble
+        sa = np.asarray(scene).astype(float)
+        sa[:, :, :3] *= np.array([0.82, 0.78, 0.86])
+        scene = Image.fromarray(sa.astype(np.uint8), "RGBA")
+        scene = paste(scene, art.rocket(48, 64, lights=0.0), (160, int(top[184]) - 62))
+        c = Canvas(256, 256)
+        y0 = float(top[84]) + 1
+        c.ellipse((58, y0 - 5, 110, y0 + 5), tuple(art.rgb(art.BODY[0])) + (255,))
+        c.ellipse((62, y0 - 4.5, 104, y0 + 2.5), tuple(art.rgb(art.BODY[2])) + (255,))
+        c.ellipse((68, y0 - 4, 84, y0 - 1.5), tuple(art.rgb(art.BODY[4])) + (200,))
+        for ex in (78, 90):
+            c.ellipse((ex - 3.5, y0 - 9, ex + 3.5, y0 - 2), (250, 252, 255, 255))
+            c.ellipse((ex - 1.5, y0 - 6, ex + 1.5, y0 - 3), (20, 30, 40, 255))
+        for a0, a1, rr in ((200, 250, 22), (280, 330, 19), (120, 160, 24)):
+            c.line([(84 + rr * math.cos(math.radians(a)), y0 - 14 + rr * math.sin(math.radians(a)))
+                    for a in range(a0, a1 + 1, 5)], (200, 240, 255, 160), 1.2)
+        for dx, dy, rr in ((-30, -30, 2.5), (26, -36, 2), (8, -44, 1.5)):
+            c.ellipse((84 + dx - rr, y0 + dy - rr, 84 + dx + rr, y0 + dy + rr), (200, 240, 255, 150))
+        scene = Image.alpha_composite(scene, c.image())
+    scene = mask_to(scene, (22.5, 56.5, 233.5, 196.5), 6)
+    return Image.alpha_composite(img, scene)
 
 
 # ---------------------------------------------------------------- options
 
 def monitor_icon():
-    """Frame 19 (128 x 128) beside the video buttons."""
-    c = Canvas(128, 128)
-    c.rect((14, 20, 114, 92), (40, 48, 64, 255), radius=8)
-    c.rect((22, 28, 106, 84), (10, 20, 40, 255), radius=3)
-    c.rect((54, 92, 74, 106), (60, 68, 84, 255))
-    c.rect((36, 104, 92, 112), (80, 90, 108, 255), radius=3)
-    img = c.image()
-    inner = common.blank(128, 128)
-    inner = paste(inner, art.globe(1, 40, 0.4), (70, 34))
-    inner = paste(inner, art.rocket(32, 48, flame=0.9, key=11, legs=False, scale=0.8), (34, 34))
-    mask = Canvas(128, 128)
-    mask.rect((22, 28, 106, 84), (255, 255, 255, 255), radius=3)
-    m = np.asarray(mask.image())[:, :, 3]
-    a = np.asarray(inner).copy()
-    a[:, :, 3] = np.minimum(a[:, :, 3], m)
-    img = common.over(img, Image.fromarray(a, "RGBA"))
-    g = Canvas(128, 128)
-    g.rect((14, 20, 114, 92), None, outline=(96, 170, 235, 255), width=1.5, radius=8)
-    return common.over(img, g.image())
+    """Frame 19 (128 x 128) at (164, 360), beside the video buttons: the
+    buttons are drawn over its columns 50 and on (their faces from column
+    114), so the monitor keeps to its left part."""
+    w = 128
+    img = common.blank(w, w)
+    body = (2.5, 24.5, 98.5, 92.5)
+    img = Image.alpha_composite(img, drop_shadow(w, w, body, 8, (2, 3), 2.5, 0.5))
+    img = Image.alpha_composite(img, plate(w, w, body, 8, ((74, 88, 114), (34, 42, 58)),
+                                           bevel=2.0, light=(210, 228, 255, 0.6), dark=(0, 0, 0, 0.6)))
+    screen = (10.5, 31.5, 90.5, 83.5)
+    ys = np.arange(w)[:, None].astype(float)
+    sky = ramp(np.clip((ys - 31) / 52, 0, 1), ["#081428", "#2a4a78"]) * np.ones((1, w, 1))
+    inner = rgba_image(sky)
+    inner = stars_on(inner, (11, 32, 90, 58), 22, "monitor", 230)
+    inner = paste(inner, art.globe(1, 48, 0.4), (44, 30))
+    inner = paste(inner, art.rocket(30, 44, flame=0.9, key=11, legs=False, scale=0.85), (18, 36))
+    inner = mask_to(inner, screen, 3)
+    img = Image.alpha_composite(img, inner)
+    img = Image.alpha_composite(img, ring(w, w, screen, 3, (0, 0, 0), 1.0, alpha=0.9))
+    glare = Canvas(w, w)
+    glare.polygon([(13, 33), (40, 33), (20, 58), (13, 58)], (255, 255, 255, 26))
+    img = Image.alpha_composite(img, glare.image())
+    stand = plate(w, w, (42.5, 92, 58.5, 104), 1, ((90, 102, 124), (50, 58, 74)), bevel=1.0)
+    base = plate(w, w, (24.5, 103.5, 76.5, 110.5), 3, ((120, 132, 154), (60, 68, 86)), bevel=1.2)
+    img = stack(img, stand, base)
+    c = Canvas(w, w)
+    c.ellipse((86, 86.5, 90, 90.5), (60, 240, 110, 255))
+    return Image.alpha_composite(img, common.glow(c.image(), 1.5, (60, 240, 110), 0.6))
 
 
 def speaker_icon():
-    """Frame 20 (128 x 128) beside the sound sliders."""
-    c = Canvas(128, 128)
-    c.rect((22, 48, 46, 80), (70, 80, 100, 255), radius=3)
-    c.polygon([(44, 48), (72, 24), (72, 104), (44, 80)], (90, 104, 130, 255))
-    c.polygon([(44, 50), (70, 28), (70, 50)], (140, 156, 184, 255))
-    for i, rad in enumerate((18, 30, 42)):
-        c.line([(72 + rad * math.cos(math.radians(a)), 64 + rad * math.sin(math.radians(a)))
-                for a in range(-45, 46, 5)], (120, 210, 255, 255 - i * 50), 3.5)
-    return common.glow(c.image(), 2.0, art.CYAN, 0.4)
+    """Frame 20 (128 x 128) at (476, 142), right of the sliders: a loudspeaker
+    sending warm sound waves; it keeps to columns 38 on, beside the panel."""
+    w = 128
+    img = common.blank(w, w)
+    box = plate(w, w, (40.5, 48.5, 62.5, 80.5), 3, ((120, 134, 160), (54, 62, 82)), bevel=1.5)
+    cone = Canvas(w, w)
+    cone.polygon([(60, 50), (84, 28), (88, 28), (88, 100), (84, 100), (60, 78)], (60, 70, 92, 255))
+    cone.polygon([(62, 52), (84, 31), (86, 31), (86, 60), (62, 62)], (140, 156, 186, 255))
+    cone.line([(60, 50), (84, 28), (88, 28), (88, 100), (84, 100), (60, 78)], (8, 10, 16, 255), 1.2)
+    img = stack(img, drop_shadow(w, w, (40.5, 48.5, 62.5, 80.5), 3, (2, 3), 2, 0.5), box, cone.image())
+    waves = Canvas(w, w)
+    for i, rad in enumerate((14, 24, 34)):
+        pts = [(90 + rad * math.cos(math.radians(a)), 64 + rad * math.sin(math.radians(a)))
+               for a in range(-50, 51, 5)]
+        waves.line(pts, (255, 190, 90, 255 - i * 55), 3.2)
+    return Image.alpha_composite(img, common.glow(waves.image(), 2.5, WARM, 0.5))
 
 
 # ---------------------------------------------------------------- main menu
 
 def title():
-    """Frame 35 (512 x 128): the game's name, sliding into place at y 354."""
-    w, h = 512, 128
+    """Frame 35 (512 x 128): DELVEMOOR, sliding down to (320, 354)."""
+    return lettering(512, 128, 70, (256, 66))
+
+
+def lettering(w, h, size, centre, text="DELVEMOOR"):
+    """The game's name as its title is drawn: the letters are a slice of the
+    crust (a cap of moss, earth, then cobbled rock, with wavy seams),
+    bevelled by light from the upper left, on a dark edge with a warm rim
+    and a faint warm glow behind."""
     ss = 4
     from PIL import ImageFont
-    f = ImageFont.truetype(common.FONT_DIR + "/DejaVuSans-Bold.ttf", 68 * ss)
+    f = ImageFont.truetype(common.FONT_DIR + "/DejaVuSans-Bold.ttf", size * ss)
     mask = Image.new("L", (w * ss, h * ss), 0)
     d = ImageDraw.Draw(mask)
-    d.text((w * ss / 2, h * ss / 2 + 4 * ss), "DELVEMOOR", font=f, anchor="mm", fill=255)
-    mask = mask.resize((w, h), Image.BOX)
-    m = np.asarray(mask).astype(float) / 255
-    ys = np.arange(h)[:, None].astype(float)
-    # the letters are a slice of the crust: moss on top, dirt below
-    dirt = art.dirt_rgb(w, h, "title")
+    d.text((centre[0] * ss, centre[1] * ss), text, font=f, anchor="mm", fill=255)
+    small = mask.resize((w, h), Image.BOX)
+    m = np.asarray(small).astype(float) / 255
     rows = np.nonzero(m.max(axis=1) > 0.5)[0]
     top, bot = rows.min(), rows.max()
+    ys = np.arange(h)[:, None].astype(float)
+    wave = (fbm(w, 1, 10, 3, rng("title-seams"))[0] - 0.5)[None, :]
     t = (ys - top) / max(1, bot - top)
-    moss = np.array(art.rgb(art.MOSS[2]), float)
-    col = np.where((t < 0.16)[..., None], moss + (0.16 - t)[..., None] * 300, dirt * 1.25)
-    col = np.clip(col, 0, 255) * np.ones((1, w, 1))
-    letters = rgba_image(col, m)
-    # outline and shadow
-    edge = mask.filter(ImageFilter.MaxFilter(5))
-    shadow = Image.new("RGBA", (w, h), (18, 10, 6, 255))
-    shadow.putalpha(edge)
+    dirt = art.dirt_rgb(w, h, "title") * 1.15
+    rock = art.rock_rgb(w, h, "title", cells=max(8, 48 * size // 70)) * 1.05
+    col = np.where((t < 0.66 + wave * 0.12)[..., None], dirt, rock)
+    cap = t < 0.17 + wave * 0.08
+    moss = ramp(np.clip(t / 0.17, 0, 1), [art.MOSS[3], art.MOSS[2], art.MOSS[1]])
+    col = np.where(cap[..., None], moss, col)
+    seam = (t >= 0.17 + wave * 0.08) & (t < 0.22 + wave * 0.08)
+    col = np.where(seam[..., None], col * 0.55, col)
+    # the bevel: a blurred copy of the letters gives each edge its slope
+    soft = np.asarray(small.filter(ImageFilter.GaussianBlur(2.2 * size / 70.0))).astype(float) / 255
+    gy, gx = np.gradient(soft)
+    lit = 0.55 * gx + 0.83 * gy
+    lit = lit / max(1e-6, np.abs(lit).max())
+    col = col + np.clip(lit, 0, 1)[..., None] * np.array([120, 110, 90]) \
+        - np.clip(-lit, 0, 1)[..., None] * col * 0.55
+    letters = rgba_image(np.clip(col, 0, 255), m)
+    edge = small.filter(ImageFilter.MaxFilter(5))
+    outline = Image.new("RGBA", (w, h), (16, 9, 5, 255))
+    outline.putalpha(edge)
+    # a warm rim where the outline faces the light
+    rim_a = np.asarray(edge).astype(float) / 255 * (1 - m)
+    eg = np.asarray(edge.filter(ImageFilter.GaussianBlur(1.5))).astype(float) / 255
+    ey, ex = np.gradient(eg)
+    rim_a *= np.clip((0.55 * ex + 0.83 * ey) * 6, 0, 1)
+    rim = rgba_image(np.ones((h, w, 3)) * np.array(WARM, float), rim_a * 0.6)
+    shadow = Image.new("RGBA", (w, h), (0, 0, 0, 255))
+    shadow.putalpha(edge.filter(ImageFilter.GaussianBlur(3)))
+    halo = Image.new("RGBA", (w, h), WARM + (255,))
+    halo.putalpha(edge.filter(ImageFilter.GaussianBlur(10)).point(lambda v: int(v * 0.35)))
     out = common.blank(w, h)
-    sh2 = Image.new("RGBA", (w, h), (0, 0, 0, 255))
-    sh2.putalpha(edge.filter(ImageFilter.GaussianBlur(4)))
-    out.alpha_composite(sh2, (3, 5))
-    out.alpha_composite(shadow)
+    out.alpha_composite(halo)
+    out.alpha_composite(shadow, (3, 4))
+    out.alpha_composite(outline)
+    out.alpha_composite(rim)
     out.alpha_composite(letters)
-    return common.clean_alpha(common.glow(out, 6, (120, 90, 200), 0.5))
+    return common.clean_alpha(out)
 
 
 def menu_panel():
-    """Frame 34 (512 x 512) at (320, 225): the frame around the menu
-    buttons (screen x 170 to 470, y 36 to 296)."""
+    """Frame 34 (512 x 512) at (320, 225): the console behind the menu
+    buttons (their faces span columns 150 to 362, rows 190 to 438). Two rails
+    at columns 141 and 372 carry the markers that climb past the buttons;
+    the crust strip (frame 36) is drawn over its foot."""
     out = common.blank(512, 512)
-    p = art.panel(300, 264, key="menu", inner_alpha=0.82, radius=10)
-    out = paste(out, p, (106, 182))
-    return art.rivets(out, [(114, 190), (398, 190), (114, 438), (398, 438)], 2.2)
+    box = (117.5, 173.5, 394.5, 450.5)
+    p = panel(512, 512, box, radius=16, key="menu")
+    out = Image.alpha_composite(out, p)
+    for x in (141, 372):
+        out = recess(out, (x - 5.5, 188.5, x + 5.5, 440.5), radius=5, rim_alpha=0.25)
+        c = Canvas(512, 512)
+        for y in range(196, 436, 28):
+            c.ellipse((x - 1.2, y - 1.2, x + 1.2, y + 1.2), (255, 182, 72, 90))
+        out = Image.alpha_composite(out, c.image())
+    out = hairline(out, 160, 352, 386.5, WARM, 110)
+    return out
 
 
 def lower_strip():
-    """Frame 36 (512 x 128): a slice of the crust, the surface two thirds
-    down; under the lowest menu buttons, and stretched along the bottom of
-    the exit screen."""
+    """Frame 36 (512 x 128): a floating slice of the crust. On the main menu
+    it is drawn at its own size at (320, 95) with the menu console standing
+    in its valley; on the exit screen it is stretched to 640 x 128 along the
+    bottom, where the rocket tower (frame 22) stands on its right-hand hill
+    (surface at row 50) and the two buttons cover the valley."""
     w, h = 512, 128
-    surf = 72
-    prof = fbm(w, 1, 8, 4, rng("strip"))[0]
-    line = surf + (prof - 0.5) * 6
+    xs = np.arange(w).astype(float)
+    prof = fbm(w, 1, 8, 4, rng("strip"))[0] - 0.5
+    # hills at both ends, a valley under the console
+    valley = np.clip((np.abs(xs - 256) - 110) / 50, 0, 1)
+    valley = valley * valley * (3 - 2 * valley)
+    surf = 118 - valley * 62 + prof * 6
+    surf[420:] = np.minimum(surf[420:], 50 + prof[420:] * 3)
     ys = np.arange(h)[:, None].astype(float)
     dirt = art.dirt_rgb(w, h, "strip")
-    ground = ys >= line[None, :]
-    img = rgba_image(dirt, ground.astype(float))
+    rock = art.rock_rgb(w, h, "strip", cells=30)
+    depth = ys - surf[None, :]
+    col = np.where((depth > 34)[..., None], rock, dirt)
+    ground = (depth >= 0).astype(float)
+    # floating: the underside tapers up to a ragged point at both ends
+    end = np.minimum(xs, w - 1 - xs)
+    jag = fbm(w, 1, 40, 3, rng("strip-under"))[0] - 0.5
+    lift = np.clip(1 - end / 76.0, 0, 1) ** 1.4 * 96
+    under = 127 - lift + jag * 14 * np.clip(1 - end / 90.0, 0, 1)
+    ground *= (ys <= under[None, :]).astype(float)
+    # moss along the surface and a shadow under it
+    moss = (depth >= 0) & (depth < 3)
+    col = np.where(moss[..., None], np.array(art.rgb(art.MOSS[2]), float), col)
+    col = np.where(((depth >= 3) & (depth < 5))[..., None], col * 0.7, col)
+    img = rgba_image(np.clip(col, 0, 255), ground)
     c = Canvas(w, h)
-    for x in range(0, w, 2):
-        y = line[x]
-        c.line([(x, y), (x + 2, y)], tuple(art.rgb(art.MOSS[2])) + (255,), 2.0)
     r = rng("stripgrass")
-    for _ in range(70):
+    for _ in range(160):
         x = r.random() * w
-        y = line[int(x) % w]
+        y = surf[int(x) % w]
+        if ground[min(h - 1, int(y) + 1), int(x) % w] == 0:
+            continue
         c.line([(x, y + 1), (x + (r.random() - 0.5) * 3, y - 2 - r.random() * 4)],
                tuple(art.rgb(art.MOSS[1 + int(r.integers(0, 3))])) + (255,), 1.0)
     img = common.over(img, c.image())
-    # a cave with a pod, stones, and a rocket on the surface
+    # a cave with a pod in the left hill; crystals and a walker on the right
     cave = Canvas(w, h)
-    cave.ellipse((70, 86, 150, 122), (24, 15, 12, 255))
+    cave.ellipse((60, 84, 126, 114), (22, 14, 11, 255))
+    cave.ellipse((64, 86, 122, 99), (34, 22, 17, 255))
     img = common.over(img, cave.image())
-    img = paste(img, art.pod(32, 0.7), (96, 88))
-    img = paste(img, art.rocket(32, 48), (420, int(line[436]) - 47))
-    img = paste(img, art.bubbleman(32), (380, int(line[396]) - 31))
-    for x, y in ((250, 96), (300, 112), (210, 118)):
+    img = paste(img, art.pod(32, 0.8), (77, 82))
+    img = paste(img, art.bubbleman(32, phase=0.3), (394, int(surf[410]) - 31))
+    gems = Canvas(w, h)
+    for x, y, s, col in ((452, 84, 7, (255, 190, 90)), (464, 90, 5, (120, 220, 255)), (440, 94, 4, (255, 150, 70))):
+        gems.polygon([(x, y - s * 1.6), (x + s * 0.7, y), (x, y + s * 0.6), (x - s * 0.7, y)], col + (255,))
+        gems.polygon([(x, y - s * 1.6), (x - s * 0.7, y), (x, y - s * 0.2)],
+                     tuple(min(255, v + 60) for v in col) + (255,))
+    img = Image.alpha_composite(img, common.glow(gems.image(), 2.0, WARM, 0.5))
+    for x, y in ((250, 122), (30, 92), (300, 124), (476, 108)):
+        if ground[min(h - 1, y), x] == 0:
+            continue
         st = Canvas(w, h)
         st.ellipse((x - 7, y - 5, x + 7, y + 5), (90, 94, 108, 255))
         st.ellipse((x - 5, y - 4, x + 1, y), (140, 146, 160, 255))
         img = common.over(img, st.image())
-    # soft ends, so the slice floats instead of ending in a cut
+    # nothing may hang outside the ground's outline
     a = np.asarray(img).astype(float)
-    ramp_w = 40
-    fade = np.clip(np.minimum(np.arange(w), w - 1 - np.arange(w)) / ramp_w, 0, 1)
-    a[:, :, 3] *= fade[None, :]
-    return common.clean_alpha(Image.fromarray(a.astype(np.uint8), "RGBA"))
+    a[:, :, 3] *= np.maximum(ground, (ys < surf[None, :]).astype(float))
+    img = Image.fromarray(a.astype(np.uint8), "RGBA")
+    return common.clean_alpha(img)
 
 
 def marker():
-    """Frame 43 (16 x 16): the two markers that step up beside the menu."""
+    """Frame 43 (16 x 16): the two markers that climb the menu's rails."""
     c = Canvas(16, 16)
-    c.polygon([(8, 2), (14, 8), (8, 14), (2, 8)], (120, 220, 255, 255))
-    c.polygon([(8, 4.5), (11.5, 8), (8, 11.5), (4.5, 8)], (230, 250, 255, 255))
-    return common.glow(c.image(), 1.2, art.CYAN, 0.8)
+    c.polygon([(8, 1.5), (14.5, 8), (8, 14.5), (1.5, 8)], (20, 12, 4, 255))
+    c.polygon([(8, 2.8), (13.2, 8), (8, 13.2), (2.8, 8)], WARM + (255,))
+    c.polygon([(8, 4.5), (11.5, 8), (8, 11.5), (4.5, 8)], (255, 236, 190, 255))
+    c.ellipse((6, 5.2, 8.6, 7.8), (255, 255, 255, 230))
+    return common.glow(c.image(), 1.2, WARM, 0.8)
 
 
 def hint_arrow():
-    """Frame 38 (32 x 32): the arrow of the game-select hint, pointing down
-    at the next-mission button."""
+    """Frame 38 (32 x 32) at (230, 300): the game-select hint's arrow,
+    pointing down at the next-mission button."""
     c = Canvas(32, 32)
-    c.polygon([(11, 2), (21, 2), (21, 16), (28, 16), (16, 30), (4, 16), (11, 16)], (40, 30, 10, 255))
+    c.polygon([(11, 2), (21, 2), (21, 16), (28, 16), (16, 30), (4, 16), (11, 16)], (30, 18, 6, 255))
     c.polygon([(12.5, 3.5), (19.5, 3.5), (19.5, 17.5), (24.5, 17.5), (16, 27.5), (7.5, 17.5), (12.5, 17.5)],
-              (255, 215, 80, 255))
-    return c.image()
+              (255, 196, 80, 255))
+    c.polygon([(12.5, 3.5), (15.5, 3.5), (15.5, 19.5), (11, 19.5), (7.5, 17.5), (12.5, 17.5)],
+              (255, 234, 170, 255))
+    return common.glow(c.image(), 1.5, WARM, 0.6)
 
 
 # ---------------------------------------------------------------- exit screen
 
 def exit_thanks():
-    """Frame 23 (256 x 128) at (287, 100)."""
+    """Frame 23 (256 x 128) at (287, 100): thanks, with three bubblemen
+    waving from a small ledge of crust."""
     img = common.blank(256, 128)
-    img = art.heading(img, "THANKS FOR", 34, 22, glow_col=(120, 90, 200))
-    img = art.heading(img, "PLAYING!", 64, 26, glow_col=(120, 90, 200))
-    for i, x in enumerate((40, 112, 184)):
-        img = paste(img, art.bubbleman(32, phase=i / 3.0), (x, 88))
+    img = heading(img, "THANKS FOR", 128, 24, 26)
+    img = heading(img, "PLAYING!", 128, 56, 30)
+    ledge = Canvas(256, 128)
+    ledge.polygon([(70, 112), (186, 112), (176, 122), (150, 126), (110, 125), (80, 120)], (74, 48, 30, 255))
+    ledge.rect((70, 110, 186, 113), tuple(art.rgb(art.MOSS[2])) + (255,), radius=1.5)
+    img = Image.alpha_composite(img, ledge.image())
+    for i, x in enumerate((82, 112, 142)):
+        img = paste(img, art.bubbleman(32, phase=i / 3.0), (x, 80))
     return img
 
 
 def exit_rocket():
-    """Frame 22 (128 x 256) at (586, 206): a rocket on its launch tower."""
-    img = common.blank(128, 256)
-    c = Canvas(128, 256)
-    c.rect((14, 30, 24, 236), (70, 76, 90, 255))
-    for y in range(40, 236, 16):
-        c.line([(14, y), (24, y + 14)], (120, 130, 150, 255), 1.5)
-    c.rect((24, 80, 48, 84), (120, 130, 150, 255))
-    c.rect((0, 232, 128, 256), (60, 40, 28, 255))
-    c.rect((0, 232, 128, 235), tuple(art.rgb(art.MOSS[2])) + (255,))
-    img = common.over(img, c.image())
-    return paste(img, art.rocket(96, 192, scale=1.0), (24, 42))
+    """Frame 22 (128 x 256) at (586, 206): a rocket on its launch tower; the
+    pad's foot (row 256) meets the surface of the crust strip's right hill."""
+    w, h = 128, 256
+    img = common.blank(w, h)
+    c = Canvas(w, h)
+    # the gantry
+    c.rect((10, 36, 26, 246), (48, 56, 72, 255))
+    c.rect((12, 36, 15, 246), (110, 124, 148, 255))
+    for y in range(40, 240, 14):
+        c.line([(12, y), (24, y + 12)], (120, 134, 160, 255), 1.3)
+        c.line([(24, y), (12, y + 12)], (70, 80, 100, 255), 1.0)
+    c.rect((8, 30, 28, 38), (70, 80, 100, 255), radius=2)
+    c.ellipse((14, 22, 22, 30), (255, 90, 60, 255))
+    for y in (92, 150):
+        c.rect((26, y, 46, y + 4), (120, 134, 160, 255))
+    img = Image.alpha_composite(img, common.glow(c.image(), 1.0, (255, 90, 60), 0.2))
+    pad = plate(w, h, (2.5, 240.5, 125.5, 256.5), 3, ((120, 130, 148), (54, 60, 72)), bevel=1.5)
+    img = Image.alpha_composite(img, pad)
+    for x in (14, 114):
+        c2 = Canvas(w, h)
+        c2.ellipse((x - 2.5, 245, x + 2.5, 250), WARM + (255,))
+        img = Image.alpha_composite(img, common.glow(c2.image(), 1.5, WARM, 0.6))
+    return paste(img, art.rocket(96, 200, scale=1.0), (21, 42))
 
 
 def slide(n):
-    """Frames 24 to 27 (128 x 128): the exit screen's slide show."""
-    img = art.panel(128, 128, key="slide%d" % n, radius=8)
-    img = art.inset(img, (6, 6, 122, 122), colour=(6, 8, 16), alpha=255, radius=5)
+    """Frames 24 to 27 (128 x 128) at (80, 352): the exit screen's slides."""
+    img = panel(128, 128, (3.5, 3.5, 124.5, 124.5), radius=10, key="slide%d" % n, rivets=True, lamp=False,
+                hairline=None)
+    img = recess(img, (11.5, 11.5, 116.5, 116.5), radius=6, face=((6, 10, 22), (16, 22, 40)), rim_alpha=0.3)
+    img = stars_on(img, (13, 13, 115, 70), 25, ("slide", n), 200)
     if n == 0:
-        img = paste(img, art.bubbleman(96), (16, 20))
+        img = paste(img, art.bubbleman(96), (16, 16))
     elif n == 1:
         img = paste(img, art.pod(96, 0.9, crack=1.0), (16, 16))
     elif n == 2:
-        img = paste(img, art.rocket(64, 112, flame=1.0, key=5, legs=False), (32, 8))
+        img = paste(img, art.rocket(64, 100, flame=1.0, key=5, legs=False), (32, 13))
     else:
         img = paste(img, art.globe(4, 100, 0.6), (14, 14))
     return img
@@ -485,9 +858,11 @@ def slide(n):
 # ---------------------------------------------------------------- backdrop
 
 def backdrop():
-    """Frame 39 (512 x 512 JPEG, drawn 1024 x 1024 and turning): a spiral
-    nebula whose centre looks right at any angle. Only the middle disc of
-    radius 200 is ever on screen."""
+    """Frame 39 (512 x 512 JPEG): drawn 1024 x 1024 centred on the screen and
+    turned slowly behind every front-end screen, so only the disc of radius
+    200 around its centre is ever seen, and at any angle. A deep-blue space
+    with a soft two-armed swirl of gas and a warm glow at its heart; it stays
+    dark where panels and text go."""
     n = 512
     r = rng("backdrop")
     ys, xs = np.mgrid[0:n, 0:n].astype(float)
@@ -495,27 +870,38 @@ def backdrop():
     y = (ys - n / 2 + 0.5) / (n / 2)
     rr = np.hypot(x, y) + 1e-6
     th = np.arctan2(y, x)
-    noise = fbm(n, n, 6, 6, r)
-    arms = 0.5 + 0.5 * np.cos(2 * th - 5.5 * np.log(rr) + noise * 2.5)
-    falloff = np.exp(-rr * 2.2)
-    neb = arms ** 2 * falloff * 1.3 + np.exp(-(rr / 0.08) ** 2) * 0.9
-    neb += 0.25 * (noise - 0.4) * falloff
-    neb = np.clip(neb, 0, 1.2)
-    col = ramp(np.clip(neb, 0, 1), ["#03040a", "#0d0c24", "#2a1c55", "#6a3a8a", "#c76aa8", "#ffe2d0"])
-    # dust lanes
-    lanes = np.clip(np.cos(2 * th - 5.5 * np.log(rr) + 1.2 + noise * 2.5), 0, 1) ** 6 * falloff
-    col *= (1 - 0.5 * lanes)[..., None]
-    # stars of several sizes
-    for _ in range(900):
+    warp = fbm(n, n, 5, 6, r)
+    fine = fbm(n, n, 16, 4, rng("backdrop-fine"))
+    arms = 0.5 + 0.5 * np.cos(2 * th - 4.2 * np.log(rr) + warp * 3.0)
+    clumps = np.clip((fine - 0.3) * 1.6, 0, 1.2)
+    gas = arms ** 1.6 * np.exp(-rr * 2.0) * (0.35 + 0.75 * clumps) * (1 - 0.45 * np.exp(-(rr / 0.16) ** 2))
+    wide = np.exp(-rr * 1.3) * (0.35 + 0.5 * warp)
+    base = np.array(art.rgb("#040812"), float)
+    deep = np.array(art.rgb("#0f2446"), float)
+    teal = np.array(art.rgb("#2a5c86"), float)
+    warm = np.array(art.rgb("#ffb45a"), float)
+    col = base + (deep - base) * np.clip(wide, 0, 1)[..., None] * 1.3
+    col = col + (teal - base) * np.clip(gas * 1.25, 0, 1)[..., None]
+    core = np.exp(-(rr / 0.12) ** 2)
+    halo = np.exp(-(rr / 0.3) ** 2) * 0.26
+    col = col + warm[None, None, :] * (core * 0.42 + halo * (0.5 + 0.5 * arms))[..., None]
+    # dark dust lanes along the inner side of the arms
+    lanes = np.clip(np.cos(2 * th - 4.2 * np.log(rr) + 1.1 + warp * 3.0), 0, 1) ** 5 * np.exp(-rr * 1.6)
+    col *= (1 - 0.45 * lanes)[..., None]
+    # warm knots of young stars strung along the arms
+    knots = np.clip((fbm(n, n, 96, 2, rng("backdrop-knots")) - 0.68) * 8, 0, 1) * arms ** 3 * np.exp(-rr * 2.4)
+    col = col + np.array([255, 176, 150])[None, None, :] * knots[..., None] * 0.35
+    # stars: soft because the picture is drawn twice its size
+    for _ in range(700):
         sx, sy = r.random() * n, r.random() * n
-        b = r.random() ** 3
-        rad = 0.6 + b * 1.4
+        b = r.random() ** 4
+        rad = 0.5 + b * 0.9
         x0, x1 = int(max(0, sx - 3)), int(min(n, sx + 4))
         y0, y1 = int(max(0, sy - 3)), int(min(n, sy + 4))
         dx = xs[y0:y1, x0:x1] - sx
         dy = ys[y0:y1, x0:x1] - sy
-        s = np.exp(-(dx * dx + dy * dy) / (rad * rad)) * (0.4 + 0.6 * b)
-        tint = np.array([200, 210, 255]) if r.random() < 0.6 else np.array([255, 230, 200])
+        s = np.exp(-(dx * dx + dy * dy) / (rad * rad)) * (0.25 + 0.75 * b)
+        tint = np.array([190, 210, 255]) if r.random() < 0.7 else np.array([255, 220, 170])
         col[y0:y1, x0:x1] += s[..., None] * tint
     return rgba_image(np.clip(col, 0, 255))
 
@@ -525,6 +911,18 @@ def unused():
     c = Canvas(16, 16)
     c.ellipse((6, 6, 10, 10), (120, 140, 170, 120))
     return c.image()
+
+
+def dialog_panel():
+    """Frame 12 (256 x 256): the dialog panel of the slow-driver warning,
+    help and password screens (at (320, 230)), the two halves of the options
+    screen (at (320, 360) and (320, 140)) and the game-select buttons (at
+    (190, 140)). Its plate spans rows 16 to 240 only: so stacked on the
+    options screen the two halves do not overlap, and on the game-select
+    screen it clears the mission frame above and the message strip below.
+    The 256-wide buttons laid across it show their faces inside its rim."""
+    img = panel(256, 256, (1.5, 15.5, 254.5, 240.5), radius=14, key="dialog")
+    return img
 
 
 def generate(reg):
@@ -538,8 +936,7 @@ def generate(reg):
         6: (window_frame("PLANETS", "p", [(75, 78), (181, 78), (75, 184), (181, 184)]),
             "game select: frame around the planet buttons (440, 360)"),
         11: (mission_frame(), "game select: frame around the mission list (190, 360)"),
-        12: (art.rivets(art.panel(256, 256, key="dialog"), [(9, 9), (247, 9), (9, 247), (247, 247)], 2.0),
-             "dialog / panel background"),
+        12: (dialog_panel(), "dialog / panel background"),
         13: (chevron(True), "previous-mission arrow picture"),
         14: (chevron(False), "next-mission arrow picture"),
         15: (hatch_bar(False), "pod counter and hatch lamp, pods waiting (310, 17)"),

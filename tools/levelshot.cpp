@@ -1,0 +1,514 @@
+// levelshot: draws a level the way the level view draws it, through the
+// game's own drawing code and the pictures of the built DATA/DATA.DAT, into
+// an offscreen OpenGL context, and writes the 640 x 480 frame as a PNG. It is
+// how the terrain, structures and sprites are judged together, as the
+// player sees them, without a display.
+//
+//   levelshot [--sample | --level FILE | --campaign P1M01] [--out FILE.png]
+//             [--cam X Y] [--ticks N] [--glow G] [--planet N] [--hud] [--full]
+//             [--game-dir DIR] [--verbose]
+//
+// The built-in sample holds every terrain code, every structure, pods,
+// rockets landed and flying, water, bubblemen and an explosion.
+
+#include <GL/osmesa.h>
+
+#include "app/log.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "game/camera.h"
+#include "game/mission.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/textures.h"
+#include "sim/bubblemen.h"
+#include "sim/cells.h"
+#include "sim/explosions.h"
+#include "sim/rockets.h"
+#include "world/level.h"
+
+#include <allegro.h>
+#include <jpgalleg.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#ifndef LEVELSHOT_GAME_DIR
+#define LEVELSHOT_GAME_DIR "."
+#endif
+
+namespace {
+
+struct ShotOptions {
+    std::string levelFile;      // a level text file
+    std::string campaignLevel;  // or a campaign level inside the datafile, e.g. P1M01
+    std::string out = "levelshot.png";
+    std::string gameDir = LEVELSHOT_GAME_DIR;
+    bool camGiven = false;
+    float camX = 0, camY = 0;
+    int ticks = 7;              // animation steps before the shot: mid-cycle frames
+    float glow = 0.5f;          // pulseB, the radioactive glow's pulse
+    int planet = 0;             // overrides the level's planet (its water) when 1 to 4
+    bool hud = false;           // the display panels over the view, as in play
+    bool full = false;          // every row, not only those the view draws under the panels
+    bool verbose = false;
+};
+
+void usage()
+{
+    fprintf(stderr,
+            "usage: levelshot [--sample | --level FILE | --campaign P1M01] [--out FILE.png]\n"
+            "                 [--cam X Y] [--ticks N] [--glow G] [--planet N] [--hud] [--full]\n"
+            "                 [--game-dir DIR] [--verbose]\n");
+}
+
+bool parseOptions(int argc, char **argv, ShotOptions &o)
+{
+    for (int i = 1; i < argc; i++) {
+        const std::string a = argv[i];
+        auto next = [&](int count) { return i + count < argc; };
+        if (a == "--sample") {
+            o.levelFile.clear();
+            o.campaignLevel.clear();
+        } else if (a == "--level" && next(1)) {
+            o.levelFile = argv[++i];
+        } else if (a == "--campaign" && next(1)) {
+            o.campaignLevel = argv[++i];
+        } else if (a == "--out" && next(1)) {
+            o.out = argv[++i];
+        } else if (a == "--cam" && next(2)) {
+            o.camX = (float)atof(argv[++i]);
+            o.camY = (float)atof(argv[++i]);
+            o.camGiven = true;
+        } else if (a == "--ticks" && next(1)) {
+            o.ticks = atoi(argv[++i]);
+        } else if (a == "--glow" && next(1)) {
+            o.glow = (float)atof(argv[++i]);
+        } else if (a == "--planet" && next(1)) {
+            o.planet = atoi(argv[++i]);
+        } else if (a == "--game-dir" && next(1)) {
+            o.gameDir = argv[++i];
+        } else if (a == "--hud") {
+            o.hud = true;
+        } else if (a == "--full") {
+            o.full = true;
+        } else if (a == "--verbose") {
+            o.verbose = true;
+        } else {
+            return false;
+        }
+    }
+    return o.ticks >= 0 && o.ticks < 100000;
+}
+
+[[noreturn]] void onFatal(const char *message)
+{
+    fprintf(stderr, "levelshot: %s (run with --verbose to see the log)\n", message);
+    exit(1);
+}
+
+// ---------------------------------------------------------------- the sample
+
+// Terrain by character; every cell code from 1 to 23 appears at least once.
+int sampleCode(char c)
+{
+    switch (c) {
+    case '1': return Dirt1;
+    case '2': return Dirt2;
+    case 'r': return Radioactive1;
+    case 'a': return Rock1;
+    case 'b': return Rock2;
+    case 'c': return Rock3;
+    case 'd': return Diamond1;
+    case 'e': return Diamond2;
+    case 'f': return Diamond3;
+    case 'h': return HiddenBlock;
+    case '#': return Border;
+    case 'P': return Pod;
+    case 'R': return Rocket;
+    case '^': return Spikes;
+    case 'V': return Vortex;
+    case 'g': return Radioactive2;
+    case '$': return Credits;
+    case '~': return Water;
+    case 'C': return WorldItem1;
+    case 'S': return WorldItem2;
+    case 'M': return WorldItem3;
+    case 'T': return WorldItem4;
+    case 'X': return Explosive;
+    default: return Empty;
+    }
+}
+
+int sampleStructure(char c)
+{
+    switch (c) {
+    case 'G': return Girder;
+    case 'L': return LeftHangingGirder;
+    case 'R': return RightHangingGirder;
+    case 'H': return Hatcher;
+    case 'U': return EnergyLift;
+    case '<': return LeftLiftExit;
+    case '>': return RightLiftExit;
+    case 'B': return Blocker;
+    default: return 0;
+    }
+}
+
+// A 30 x 20 level like the campaign's: sky rows 0 to 6 with rockets standing
+// on the surface, three caves with the items, hazards, water and structures,
+// and the pods, gems and rocks in the earth between them.
+const char *const sampleTerrain[20] = {
+    // 0         1         2
+    // 012345678901234567890123456789
+    "..............................",  // 0
+    "..............................",  // 1
+    "..............................",  // 2
+    "..............................",  // 3
+    "..............V...............",  // 4
+    "......$.......................",  // 5
+    "...R....R.................R...",  // 6
+    "#1111111111111111222221111111#",  // 7
+    "#111..........1abc12221111111#",  // 8
+    "#11..CSMTX^....1111122211...1#",  // 9
+    "#111111111111.....$.....11111#",  // 10
+    "#1def11111.....1~~1..V..1h111#",  // 11
+    "#11111rrgg11111111111111111a1#",  // 12
+    "#111.......................11#",  // 13
+    "#11......................P.11#",  // 14
+    "#1111111111111111111111111111#",  // 15
+    "#11111P111112222222222111b111#",  // 16
+    "#2222222222222222222222222222#",  // 17
+    "#111c1111111111111111111f1111#",  // 18
+    "##############################",  // 19
+};
+
+const char *const sampleStructures[20] = {
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "........U>..GGGGR....L..B.....",
+    "...H....U......G.....GG.......",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+    "..............................",
+};
+
+void buildSample(Level &level)
+{
+    level.title = "Levelshot Sample";
+    level.planet = 1;
+    level.missionNumber = 1;
+    level.campaignLevel = 0;
+    level.reserved = 0;
+    level.width = 30;
+    level.height = 20;
+    level.terrain.assign(30, std::vector<int32_t>(20, Empty));
+    level.structures.assign(30, std::vector<int32_t>(20, 0));
+    for (int y = 0; y < 20; y++)
+        for (int x = 0; x < 30; x++) {
+            level.terrain[x][y] = sampleCode(sampleTerrain[y][x]);
+            level.structures[x][y] = sampleStructure(sampleStructures[y][x]);
+        }
+}
+
+// Bubblemen in the caves (walking, one climbing out of his hatcher), a
+// rocket climbing through the sky and a blast in the top cave.
+void addSampleSprites()
+{
+    const int walkers[][3] = {{6, 14, 3}, {11, 14, 11}, {17, 14, 17}, {20, 13, 7}};
+    for (const auto &w : walkers) {
+        spawnBubbleman(cellCentreX(w[0]), cellCentreY(w[1]));
+        Bubbleman &b = bubblemen.front();
+        b.emerging = false;
+        b.walkFrame = w[2];
+    }
+    spawnBubbleman(cellCentreX(3), cellCentreY(14));
+    bubblemen.front().enterFrame = 6;
+
+    FlyingRocket r = {};
+    r.frames = RocketFlyingTextures;
+    r.frameCount = ROCKET_FLYING_FRAME_COUNT;
+    r.x = cellCentreX(12);
+    r.y = cellCentreY(5);
+    r.frame = 9;
+    r.topY = -200;
+    flyingRockets.push_front(r);
+
+    spawnExplosion(cellCentreX(13), cellCentreY(9), BlastExplosion);
+    explosions.front().frame = 4;
+}
+
+// ---------------------------------------------------------------- pictures
+
+// The game makes its textures with AllegroGL; here they go straight to the
+// offscreen context, bottom row first as the game's are.
+TextureId uploadPicture(BITMAP *picture)
+{
+    const int w = picture->w, h = picture->h, depth = bitmap_color_depth(picture);
+    std::vector<unsigned char> rgba((size_t)w * h * 4);
+    for (int y = 0; y < h; y++)
+        for (int x = 0; x < w; x++) {
+            const int c = getpixel(picture, x, h - 1 - y);
+            unsigned char *p = &rgba[((size_t)y * w + x) * 4];
+            p[0] = (unsigned char)getr_depth(depth, c);
+            p[1] = (unsigned char)getg_depth(depth, c);
+            p[2] = (unsigned char)getb_depth(depth, c);
+            p[3] = depth == 32 ? (unsigned char)geta32(c) : 255;
+        }
+    GLuint id = 0;
+    glGenTextures(1, &id);
+    glBindTexture(GL_TEXTURE_2D, id);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
+    glBindTexture(GL_TEXTURE_2D, 0);
+    return id;
+}
+
+// ---------------------------------------------------------------- PNG
+
+uint32_t crcTable[256];
+
+void makeCrcTable()
+{
+    for (uint32_t n = 0; n < 256; n++) {
+        uint32_t c = n;
+        for (int k = 0; k < 8; k++)
+            c = (c & 1) ? 0xedb88320u ^ (c >> 1) : c >> 1;
+        crcTable[n] = c;
+    }
+}
+
+void put32(std::vector<unsigned char> &out, uint32_t v)
+{
+    for (int shift = 24; shift >= 0; shift -= 8)
+        out.push_back((unsigned char)(v >> shift));
+}
+
+void chunk(FILE *f, const char *type, const std::vector<unsigned char> &data)
+{
+    std::vector<unsigned char> body(type, type + 4);
+    body.insert(body.end(), data.begin(), data.end());
+    uint32_t crc = 0xffffffffu;
+    for (unsigned char b : body)
+        crc = crcTable[(crc ^ b) & 0xff] ^ (crc >> 8);
+    std::vector<unsigned char> head;
+    put32(head, (uint32_t)data.size());
+    fwrite(head.data(), 1, head.size(), f);
+    fwrite(body.data(), 1, body.size(), f);
+    std::vector<unsigned char> tail;
+    put32(tail, crc ^ 0xffffffffu);
+    fwrite(tail.data(), 1, tail.size(), f);
+}
+
+// An RGB PNG whose image data is deflate's stored blocks: no compression
+// library needed, and any viewer reads it.
+bool writePng(const std::string &path, int w, int h, const std::vector<unsigned char> &rgbTopFirst)
+{
+    makeCrcTable();
+    std::vector<unsigned char> raw;
+    raw.reserve((size_t)(w * 3 + 1) * h);
+    for (int y = 0; y < h; y++) {
+        raw.push_back(0);
+        raw.insert(raw.end(), rgbTopFirst.begin() + (size_t)y * w * 3, rgbTopFirst.begin() + (size_t)(y + 1) * w * 3);
+    }
+    std::vector<unsigned char> z = {0x78, 0x01};
+    uint32_t a = 1, b = 0;
+    for (unsigned char v : raw) {
+        a = (a + v) % 65521;
+        b = (b + a) % 65521;
+    }
+    for (size_t pos = 0; pos < raw.size() || pos == 0;) {
+        const size_t len = std::min<size_t>(65535, raw.size() - pos);
+        z.push_back(pos + len >= raw.size() ? 1 : 0);
+        z.push_back((unsigned char)(len & 0xff));
+        z.push_back((unsigned char)(len >> 8));
+        z.push_back((unsigned char)(~len & 0xff));
+        z.push_back((unsigned char)((~len >> 8) & 0xff));
+        z.insert(z.end(), raw.begin() + pos, raw.begin() + pos + len);
+        pos += len;
+        if (len == 0)
+            break;
+    }
+    put32(z, (b << 16) | a);
+
+    FILE *f = fopen(path.c_str(), "wb");
+    if (!f)
+        return false;
+    static const unsigned char signature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+    fwrite(signature, 1, 8, f);
+    std::vector<unsigned char> ihdr;
+    put32(ihdr, (uint32_t)w);
+    put32(ihdr, (uint32_t)h);
+    ihdr.insert(ihdr.end(), {8, 2, 0, 0, 0});   // 8-bit RGB, no interlace
+    chunk(f, "IHDR", ihdr);
+    chunk(f, "IDAT", z);
+    chunk(f, "IEND", {});
+    return fclose(f) == 0;
+}
+
+// ---------------------------------------------------------------- the view
+
+// The level view: backdrop with its stars, the normalised terrain and its
+// edges, then the structures; over it the explosions, flying rockets and
+// bubblemen, as the game screen draws them.
+void drawView(Level &level, bool full)
+{
+    const float ox = (float)(int)(-camX) + 16;
+    const float oy = (float)(int)(-camY) + 16;
+    countEditorPods(level);
+    drawLevelBackdrop(ox, oy);
+    normaliseTerrain(level);
+
+    auto clampTo = [](int v, int hi) { return v < 0 ? 0 : v > hi ? hi : v; };
+    int x0 = clampTo((int)(camX / 32), level.width), x1 = clampTo((int)(camX / 32 + 21), level.width);
+    int y0 = clampTo((int)(-camY / 32 - 11), level.height), y1 = clampTo((int)(-camY / 32 + 2), level.height);
+    if (full) {
+        x0 = y0 = 0;
+        x1 = level.width;
+        y1 = level.height;
+    }
+    for (int x = x0; x < x1; x++)
+        for (int y = y0; y < y1; y++)
+            drawTerrainCell(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    for (int x = x0; x < x1; x++)
+        for (int y = y0; y < y1; y++)
+            drawEdgeOverlays(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    drawSurfaceEndOverlays(ox, oy);
+    for (int x = x0; x < x1; x++)
+        for (int y = y0; y < y1; y++) {
+            const int32_t code = level.structures[x][y];
+            if (code >= Girder && code <= Blocker)
+                drawStructure(ox + 32.0f * x, oy - 32.0f * y, code - 1, 1, 1, 1, 1);
+        }
+    drawExplosions();
+    drawFlyingRockets();
+    drawBubblemen();
+}
+
+void drawDisplayPanels()
+{
+    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
+    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
+    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
+    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+}
+
+bool loadLevel(const ShotOptions &o, Level &level, std::string *error)
+{
+    if (!o.levelFile.empty())
+        return tryLoadLevelFromFile(level, o.levelFile.c_str(), error);
+    if (!o.campaignLevel.empty()) {
+        const std::string path = o.gameDir + "/DATA/DATA.DAT#LEVELS/" + o.campaignLevel + "_LEV";
+        return tryLoadLevelFromPack(level, path.c_str(), error);
+    }
+    buildSample(level);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    ShotOptions o;
+    if (!parseOptions(argc, argv, o)) {
+        usage();
+        return 2;
+    }
+    setFatalHook(onFatal);
+    if (install_allegro(SYSTEM_NONE, &errno, atexit) != 0) {
+        fprintf(stderr, "levelshot: Allegro did not start\n");
+        return 1;
+    }
+    jpgalleg_init();
+    if (o.verbose)
+        openLogAt("/dev/stderr");
+    snprintf(DataRoot, sizeof DataRoot, "%s", o.gameDir.c_str());
+
+    OSMesaContext context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
+    std::vector<unsigned char> frame((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
+    if (!context || !OSMesaMakeCurrent(context, frame.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT)) {
+        fprintf(stderr, "levelshot: no offscreen OpenGL context\n");
+        return 1;
+    }
+    // The state start-up gives the game's context.
+    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    glClearColor(0, 0, 0, 1);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.01f);
+    glDisable(GL_CULL_FACE);
+    glShadeModel(GL_SMOOTH);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+
+    makeTexture = uploadPicture;
+    loadImageData();
+    linkImageData();
+    linkTerrainSet(1);
+
+    Level &level = currentLevel;
+    std::string error;
+    if (!loadLevel(o, level, &error)) {
+        fprintf(stderr, "levelshot: %s\n", error.c_str());
+        return 1;
+    }
+    if (o.planet >= LEVEL_MIN_PLANET && o.planet <= LEVEL_MAX_PLANET)
+        level.planet = o.planet;
+    const bool sample = o.levelFile.empty() && o.campaignLevel.empty();
+    if (sample)
+        addSampleSprites();
+
+    // The view a level opens with, or the sample's caves below the surface.
+    camX = o.camGiven ? o.camX : sample ? 0.0f : 200.0f;
+    camY = o.camGiven ? o.camY : sample ? -600.0f : -550.0f;
+    for (int i = 0; i < o.ticks; i++)
+        advanceAnimationFrames();
+    pulseB = o.glow;
+    srand(7);
+    prefillGameStars();
+
+    glClear(GL_COLOR_BUFFER_BIT);
+    beginFrame2D();
+    drawView(level, o.full);
+    if (o.hud)
+        drawDisplayPanels();
+    endFrame2D();
+    glFinish();
+
+    std::vector<unsigned char> rgb((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 3);
+    std::vector<unsigned char> read((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 4);
+    glReadPixels(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, GL_RGBA, GL_UNSIGNED_BYTE, read.data());
+    for (int y = 0; y < SCREEN_HEIGHT; y++)
+        for (int x = 0; x < SCREEN_WIDTH; x++)
+            for (int c = 0; c < 3; c++)
+                rgb[((size_t)y * SCREEN_WIDTH + x) * 3 + c] =
+                    read[((size_t)(SCREEN_HEIGHT - 1 - y) * SCREEN_WIDTH + x) * 4 + c];
+    OSMesaDestroyContext(context);
+    if (!writePng(o.out, SCREEN_WIDTH, SCREEN_HEIGHT, rgb)) {
+        fprintf(stderr, "levelshot: cannot write %s\n", o.out.c_str());
+        return 1;
+    }
+    printf("levelshot: wrote %s\n", o.out.c_str());
+    return 0;
+}
