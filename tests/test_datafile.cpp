@@ -255,7 +255,9 @@ TEST_F(Datafile, SpritesSitWhereTheGameDrawsThem) {
             }
             EXPECT_EQ(top + sides, 0) << object << " is cut by the picture's edge";
             // Only a bubbleman may touch the bottom row: it is his cell's floor.
-            if (!greenman) EXPECT_EQ(bottom, 0) << object << " is cut by the picture's edge";
+            if (!greenman) {
+                EXPECT_EQ(bottom, 0) << object << " is cut by the picture's edge";
+            }
             if (folder == "SPRITES2/GREENMAN/WALK") {
                 EXPECT_GT(bottom, 0) << object << ": his feet must rest on the cell's floor";
                 int left = size, right = -1;
@@ -287,9 +289,13 @@ TEST_F(Datafile, SpritesSitWhereTheGameDrawsThem) {
     const Ink arrow = readInk("MOUSE/DATA00_TGA");
     ASSERT_EQ(arrow.w, 32);
     EXPECT_EQ(arrow.at(16, 16), 255);
-    for (int y = 0; y < 32; ++y)
-        for (int x = 0; x < 32; ++x)
-            if (y < 15 || x < 15) EXPECT_EQ(arrow.at(x, y), 0) << "arrow ink at " << x << "," << y;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            if (y < 15 || x < 15) {
+                EXPECT_EQ(arrow.at(x, y), 0) << "arrow ink at " << x << "," << y;
+            }
+        }
+    }
     EXPECT_EQ(readInk("MOUSE/DATA02_TGA").at(16, 16), 255) << "the crosshair's centre is its hot spot";
 
     // Girders carry bubblemen and other pieces on their top edge; a hanging
@@ -788,9 +794,13 @@ TEST_F(Datafile, TerrainTilesJoinAndSitWhereTheLevelViewDrawsThem) {
 
     // The vortex turns about its centre: nothing may lie outside its circle,
     // or the corners would sweep round with it.
-    for (int y = 0; y < 32; ++y)
-        for (int x = 0; x < 32; ++x)
-            if (std::hypot(x - 15.5, y - 15.5) > 16.0) EXPECT_EQ(tile[16].a(x, y), 0) << x << "," << y;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            if (std::hypot(x - 15.5, y - 15.5) > 16.0) {
+                EXPECT_EQ(tile[16].a(x, y), 0) << x << "," << y;
+            }
+        }
+    }
 
     // Spikes, items and the drum stand on the ground below, down in the
     // floor lip, neither floating nor cut off at the top.
@@ -887,6 +897,43 @@ TEST_F(Datafile, WaterPoolsAndGlobesLookRightWhereTheyAreDrawn) {
             EXPECT_GT(d, 60) << folders[p] << " and " << folders[q] << " look alike";
         }
     }
+
+    // Planet 3's button shows the SOFT globe (object slot 6), planet 4's the
+    // ASTEROID: so the player's planet 3 is the pink world, and its postcard
+    // (SPRITES 9) and its water (frame 2) must be the pinkest of their kind,
+    // as the SOFT globe is of the globes, whatever order the folders have.
+    auto pinkness = [](const Picture &p) {
+        double sum = 0;
+        int n = 0;
+        for (int y = 0; y < p.h; ++y) {
+            for (int x = 0; x < p.w; ++x) {
+                if (p.a(x, y) < 128) continue;
+                sum += (p.c(x, y, 0) + p.c(x, y, 2)) / 2.0 - p.c(x, y, 1);
+                ++n;
+            }
+        }
+        return n ? sum / n : -255.0;
+    };
+    auto pinkest = [&](const char *folder, int first) {
+        int best = 0;
+        double most = -1e9;
+        for (int planet = 1; planet <= 4; ++planet) {
+            const double v = pinkness(readPicture(pictureName(folder, first + planet - 1)));
+            if (v > most) {
+                most = v;
+                best = planet;
+            }
+        }
+        return best;
+    };
+    int pinkGlobe = 0;
+    for (int p = 1; p < 4; ++p) {
+        auto pink = [&](int q) { return (mean[q][0] + mean[q][2]) / 2 - mean[q][1]; };
+        if (pink(p) > pink(pinkGlobe)) pinkGlobe = p;
+    }
+    EXPECT_STREQ(folders[pinkGlobe], "TERRAIN/SOFT/PLANET") << "the pink world is not the SOFT globe";
+    EXPECT_EQ(pinkest("SPRITES", 7), 3) << "the pink world's postcard is not planet 3's";
+    EXPECT_EQ(pinkest("TERRAIN/FIELD/WATER", 0), 3) << "the pink jelly is not planet 3's water";
 }
 
 }  // namespace

@@ -4,7 +4,6 @@ one after the other: frame 0 centred at (320, 260), frame 1 at (320, 160).
 So they carry their own dark edges and must read on mid grey, not on black."""
 import math
 
-import art
 import common
 import sprites
 from common import Canvas
@@ -29,10 +28,10 @@ def emblem():
     shadow = Canvas(w, h)
     shadow.ellipse((22, 26, 110, 114), (0, 0, 0, 110))
     img = Image.alpha_composite(img, shadow.image().filter(ImageFilter.GaussianBlur(3)))
-    img.alpha_composite(art.globe(1, 96, 0.15), (16, 18))
+    img.alpha_composite(sprites.globe(1, 96, 0.15), (16, 18))
     img = Image.alpha_composite(img, common.glow(orbit_near.image(), 2.0, (255, 182, 72), 0.5))
-    rk = art.rocket(24, 36, flame=0.9, key=3, legs=False).rotate(-38, resample=Image.BICUBIC, expand=True)
-    img.alpha_composite(rk, (98, 38))
+    rk = sprites.rocket(1.05, frame=3, flying=True).rotate(-38, resample=Image.BICUBIC, expand=True)
+    img = sprites.centre(img, rk, 118.5, 59.5)
     name = sprites.lettering(w, h, 52, (310, 62))
     return common.clean_alpha(Image.alpha_composite(img, name))
 

@@ -10,8 +10,9 @@ Each world must be told apart at a glance, by shape as much as by colour:
   ASTEROID  a potato-shaped, cratered rock that tumbles as it turns;
   SOFT      a rose-pink banded world with a ring.
 The selection screen shows the ASTEROID globe on planet 4's button and the
-SOFT globe on planet 3's (object slots 5 and 6). Light from the upper left,
-as everywhere in the game."""
+SOFT globe on planet 3's (object slots 5 and 6): BUTTON_GLOBE says which
+globe stands for each planet number, for every other picture of a planet.
+Light from the upper left, as everywhere in the game."""
 import math
 
 import numpy as np
@@ -23,6 +24,9 @@ FOLDERS = {1: "TERRAIN/FIELD/PLANET", 2: "TERRAIN/ICE/PLANET",
            3: "TERRAIN/ASTEROID/PLANET", 4: "TERRAIN/SOFT/PLANET"}
 WORDS = {1: "blue and green field world", 2: "cracked ice world", 3: "tumbling cratered asteroid",
          4: "ringed rose-pink world"}
+# planet number (as the player counts) -> the globe on its button; planet 3
+# is the soft world and planet 4 the asteroid, as its water says too
+BUTTON_GLOBE = {1: 1, 2: 2, 3: 4, 4: 3}
 
 MAP_W, MAP_H = 256, 128
 SIZE = 64
@@ -181,19 +185,20 @@ def rotation(turn, tilt, roll):
     return lean @ tip @ lay @ spin
 
 
-def view_grid(look):
-    n = SIZE * SS
-    R = look["radius"] * SS
+def view_grid(look, size=SIZE):
+    n = size * SS
+    # the radii are laid out for the 64-pixel buttons; larger pictures scale them
+    R = look["radius"] * size / SIZE * SS
     ys, xs = np.mgrid[0:n, 0:n].astype(float)
     return (xs + 0.5 - n / 2) / R, (ys + 0.5 - n / 2) / R
 
 
-def surface(look, turn):
+def surface(look, turn, size=SIZE):
     """Where the view rays meet the body at `turn`: the flat indices of the
     pixels hit, the body-space points, the body-space normals and the
     rotation. A round world looks the same from every turn, so only its
     map turns; the asteroid's outline changes, so it is solved anew."""
-    x, y = view_grid(look)
+    x, y = view_grid(look, size)
     rot = rotation(turn, look["tilt"], look["roll"])
     ax = np.array(look["axes"], float)
     A = 1.0 / ax ** 2
@@ -217,20 +222,22 @@ def surface(look, turn):
     return idx, p, nb, rot
 
 
-def render(num, turn, maps, cache):
+def render(num, turn, maps, cache, size=SIZE):
+    """Globe `num` (datafile order) at `turn`, size x size. `maps` is
+    MAPS[num](); `cache` is a dict kept for one globe at one size."""
     look = LOOKS[num]
     col_map, cloud_map, height_map = maps
-    n = SIZE * SS
+    n = size * SS
     if look["axes"] == (1.0, 1.0, 1.0):
         if "sphere" not in cache:
-            idx, p, nb, rot0 = surface(look, 0.0)
+            idx, p, nb, rot0 = surface(look, 0.0, size)
             cache["sphere"] = (idx, p @ rot0.T)              # view-space points = view normals
         idx, pv = cache["sphere"]
         rot = rotation(turn, look["tilt"], look["roll"])
         nb = pv @ rot                                         # body space
         p = nb
     else:
-        idx, p, nb, rot = surface(look, turn)
+        idx, p, nb, rot = surface(look, turn, size)
     dirb = p / np.linalg.norm(p, axis=-1, keepdims=True)
     lon = (np.arctan2(dirb[:, 1], dirb[:, 0]) / (2 * math.pi)) % 1.0
     lat = np.arcsin(np.clip(dirb[:, 2], -1, 1)) / math.pi          # -0.5 south .. 0.5 north
@@ -268,7 +275,7 @@ def render(num, turn, maps, cache):
     rgb = rgb.reshape(n, n, 3)
     alpha = alpha.reshape(n, n)
     if "around" not in cache:
-        cache["around"] = around(look)
+        cache["around"] = around(look, size)
     halo, ring_col, ring_a, ring_z = cache["around"]
     if halo is not None:
         # a thin haze just outside the disc, toward the light
@@ -290,11 +297,11 @@ def render(num, turn, maps, cache):
     return common.clean_alpha(common.rgba_image(c, a), 6)
 
 
-def around(look):
+def around(look, size=SIZE):
     """What lies round the body and never turns: the haze beyond the limb
     and the ring (colour, opacity and depth, and the planet's shadow on its
     far side)."""
-    x, y = view_grid(look)
+    x, y = view_grid(look, size)
     rr = np.sqrt(x * x + y * y)
     halo = None
     if look["atmosphere"] is not None:

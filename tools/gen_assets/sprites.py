@@ -18,7 +18,11 @@ from PIL import Image, ImageDraw, ImageFilter
 
 import art
 import common
+import greenman
 import gui
+import planets
+import pod
+import rockets
 from common import Canvas, rgba_image, rng, fbm, ramp
 from gui import plate, ring, drop_shadow, stack, rivet
 
@@ -36,6 +40,73 @@ def paste(dst, src, xy):
     dst = dst.copy()
     dst.alpha_composite(src.convert("RGBA"), (int(round(xy[0])), int(round(xy[1]))))
     return dst
+
+
+# ---------------------------------------------------------------- the cast
+
+# The hero, the pod, the rocket and the globes come from the painters of the
+# level and of the planet buttons, so every screen shows the same fellow, the
+# same rocket and the same worlds the player meets there, only larger.
+
+_GLOBES = {}
+
+
+def globe(num, size, turn):
+    """Globe `num` as on the planet buttons (datafile order: look it up in
+    planets.BUTTON_GLOBE when a planet number is meant), size x size."""
+    if num not in _GLOBES:
+        _GLOBES[num] = (planets.MAPS[num](), {})
+    maps, caches = _GLOBES[num]
+    return planets.render(num, turn, maps, caches.setdefault(size, {}), size)
+
+
+def hero(size=32, phase=None, **kw):
+    """The bubbleman standing on the picture's bottom row; `phase` (0..1)
+    catches him mid-waddle, other keywords are greenman poses."""
+    p = greenman.walk_pose(phase) if phase is not None else {}
+    p.update(kw)
+    return greenman.still(size, **p)
+
+
+def rocket(times, frame=5, flying=False):
+    """The level's rocket `times` as large as in its cell, at `frame` of its
+    cycle (landed: frame 20 has the porthole dark), cropped to what it
+    covers, so callers place it by its feet or its middle."""
+    n = int(math.ceil(40 * times)) + 8
+    k = times * (0.9 if flying else 0.95)
+    # the design's middle row (15 landed, 14.6 flying) goes to the middle
+    base = n / 2 + (16.9 if flying else 13.8) * k
+    img = rockets.paint_rocket(n, n, frame, flying=flying, scale=times * 32.0 / n, base=base)
+    return img.crop(img.getbbox())
+
+
+def hatched_pod(size, frame=0):
+    """The pod with its shell split across the top: the one the hatcher
+    has opened. The crack follows the shell's outline in pod.py."""
+    img = pod.paint_pod(size, frame)
+    s = size / 32.0
+    cx, cy, rw, rh = size / 2, size / 2 - 0.5 * s, 8.6 * s, 11.0 * s
+    # a jagged split from rim to rim above the sleeper's head, and two short
+    # branches, each with a lit lower lip where the glass breaks
+    main = [(-0.97, -0.30), (-0.70, -0.46), (-0.52, -0.36), (-0.28, -0.58), (-0.05, -0.44),
+            (0.16, -0.66), (0.38, -0.50), (0.62, -0.62), (0.97, -0.34)]
+    branches = [[(-0.28, -0.58), (-0.34, -0.74)], [(0.38, -0.50), (0.50, -0.38)]]
+    c = Canvas(size, size)
+    for line in [main] + branches:
+        pts = [(cx + u * rw, cy + v * rh) for u, v in line]
+        c.line([(x, y + 0.6 * s) for x, y in pts], (210, 255, 220, 190), 0.6 * s)
+        c.line(pts, (10, 30, 16, 255), 0.7 * s)
+    return Image.alpha_composite(img, c.image())
+
+
+def stand(dst, img, cx, floor):
+    """Pastes `img` centred on column `cx` with its bottom row just above
+    row `floor` (the ground it stands on)."""
+    return paste(dst, img, (cx - img.size[0] / 2.0, floor - img.size[1]))
+
+
+def centre(dst, img, cx, cy):
+    return paste(dst, img, (cx - img.size[0] / 2.0, cy - img.size[1] / 2.0))
 
 
 # ---------------------------------------------------------------- shared pieces
@@ -239,9 +310,7 @@ def launch_panel():
     img = Image.alpha_composite(img, common.glow(b.image(), 3.0, (255, 110, 40), 0.8))
     img = recess(img, (196, 34, 246, 92), radius=6, face=((6, 10, 20), (16, 24, 40)), rim_alpha=0.3)
     img = stars_on(img, (199, 37, 243, 70), 14, "launchstars")
-    rk = art.rocket(44, 56, lights=1.0, scale=1.0)
-    img = paste(img, rk, (199, 35))
-    return img
+    return stand(img, rocket(1.6, frame=0), 221, 90)
 
 
 def pause_panel():
@@ -296,7 +365,7 @@ def hatch_bar(hatched):
                 hairline=None, shadow=False, bevel=2.0)
     img = recess(img, (31.5, 4.5, 66.5, 28.5), radius=4, face=((2, 8, 4), (6, 16, 9)), rim=GOOD,
                  rim_alpha=0.2)
-    img = paste(img, art.pod(28, 0.9 if hatched else 0.45, crack=1.0 if hatched else 0.0), (2, 2))
+    img = paste(img, hatched_pod(28, 0) if hatched else pod.paint_pod(28, 6), (2, 2))
     img = recess(img, (199.5, 4.5, 251.5, 28.5), radius=5, rim_alpha=0.2)
     lamp = art.GREEN if hatched else art.AMBER
     c = Canvas(256, 32)
@@ -365,7 +434,8 @@ def bezel():
 
 
 POSTCARD = {
-    # sky top, sky low, far ridge, near ground top, near ground deep, accent
+    # by globe (datafile order): sky top, sky low, far ridge, near ground top,
+    # near ground deep, accent
     1: dict(sky=("#07142c", "#2c5a7c"), far="#2c4d3a", near=("#6f9a3a", "#3d2a1c"), glow=(255, 200, 120)),
     2: dict(sky=("#050d1e", "#3c6a92"), far="#6c8fb4", near=("#e4f2fb", "#7fa5c8"), glow=(200, 235, 255)),
     3: dict(sky=("#04040a", "#1c1c2c"), far="#3c3834", near=("#8a8078", "#3a3431"), glow=(255, 210, 170)),
@@ -373,10 +443,17 @@ POSTCARD = {
 }
 
 
-def planet_picture(num):
+WORLD = {1: "FIELD", 2: "ICE", 3: "ASTEROID", 4: "SOFT"}
+
+
+def planet_picture(planet):
     """Frames 7 to 10 (256 x 256) at (440, 140), over the bezel's window
     (rows and columns 28 to 228), with the alpha of the message fade: a
-    view across each planet's surface, with a rocket waiting, and its name."""
+    view across the planet's surface, with a rocket waiting, and its name.
+    It shows the world whose globe the player has just clicked, so planet 3
+    is the soft world and planet 4 the asteroid."""
+    # looks and seeds go by the world (datafile order), the caption by the number
+    num = planets.BUTTON_GLOBE[planet]
     p = POSTCARD[num]
     w = 256
     r = rng("postcard", num)
@@ -389,7 +466,7 @@ def planet_picture(num):
     c.ellipse((52, 70, 66, 84), tuple(p["glow"]) + (255,))
     img = Image.alpha_composite(img, common.glow(c.image(), 8.0, p["glow"], 0.8))
     other = {1: 2, 2: 4, 3: 1, 4: 3}[num]
-    img = paste(img, art.globe(other, 40, 0.2 + num * 0.17), (170, 40))
+    img = paste(img, globe(other, 40, 0.2 + num * 0.17), (170, 40))
     land = common.blank(w, w)
     d = ImageDraw.Draw(land)
     # a far ridge, then the near ground in the planet's colours
@@ -426,29 +503,28 @@ def planet_picture(num):
             h2 = 3 + r.random() * 4
             det.line([(x, y + 1), (x + 1, y - h2)], (120, 170, 60, 255), 1.2)
     elif num == 2:
-        for x in (50, 150, 205):
+        for x in (44, 150, 205):
             y = top[x]
             det.polygon([(x - 6, y + 3), (x, y - 18), (x + 5, y + 3)], (235, 248, 255, 255))
             det.polygon([(x, y - 18), (x + 5, y + 3), (x + 1, y + 3)], (150, 190, 225, 255))
     elif num == 4:
-        for x in (46, 140, 208):
+        for x in (40, 140, 208):
             y = top[x]
             det.rect((x - 1.5, y - 10, x + 1.5, y + 2), (255, 220, 230, 255))
             det.ellipse((x - 8, y - 17, x + 8, y - 7), (250, 110, 170, 255))
             det.ellipse((x - 5, y - 16, x + 1, y - 12), (255, 200, 226, 255))
     img = Image.alpha_composite(img, det.image())
-    x_r = 70
-    img = paste(img, art.rocket(40, 60, scale=1.0), (x_r - 20, int(top[x_r]) - 57))
+    x_r = 76
+    img = stand(img, rocket(1.5), x_r, int(top[x_r]) + 3)
     x_b = 112
-    img = paste(img, art.bubbleman(32), (x_b - 16, int(top[x_b]) - 29))
+    img = stand(img, hero(32), x_b, int(top[x_b]) + 3)
     x_p = 160
-    img = paste(img, art.pod(32, 0.8), (x_p - 16, int(top[x_p]) - 14))
+    img = paste(img, pod.paint_pod(32, 3), (x_p - 16, int(top[x_p]) - 14))
     # the caption
-    names = {1: "FIELD", 2: "ICE", 3: "ASTEROID", 4: "SOFT"}
     cap = plate(w, w, (46.5, 202.5, 209.5, 222.5), 5, ((20, 28, 44), (10, 14, 24)), bevel=1.2,
                 light=(190, 214, 248, 0.5), dark=(0, 0, 0, 0.6), alpha=0.85)
     img = Image.alpha_composite(img, cap)
-    img = heading(img, "PLANET %d \u00b7 %s" % (num, names[num]), 128, 212.5, 11, strength=0.6)
+    img = heading(img, "PLANET %d \u00b7 %s" % (planet, WORLD[num]), 128, 212.5, 11, strength=0.6)
     return common.clean_alpha(mask_to(img, (28, 28, 228, 228), 6))
 
 
@@ -536,7 +612,7 @@ def mission_end(won):
     col = np.where(crest[..., None], np.array(art.rgb(art.MOSS[2]), float), dirt)
     scene = Image.alpha_composite(scene, rgba_image(col, g))
     if won:
-        scene = paste(scene, art.rocket(56, 104, flame=1.0, key=7, legs=False, scale=0.95), (100, 58))
+        scene = centre(scene, rocket(3.0, frame=7, flying=True), 128, 108)
         c = Canvas(256, 256)
         # a cloud of exhaust rolling out along the ground
         for i in range(14):
@@ -544,15 +620,15 @@ def mission_end(won):
             y = 168 - i * 1.5
             c.ellipse((x - 4 - i * 0.6, y - 3, x + 4 + i * 0.6, y + 3), (200, 190, 180, 90))
         scene = Image.alpha_composite(scene, c.image())
-        for x, ph in ((52, 0.25), (176, 0.6)):
-            scene = paste(scene, art.bubbleman(32, phase=ph), (x, int(top[x + 16]) - 30))
+        for x, arm in ((68, "arm_l"), (192, "arm_r")):
+            scene = stand(scene, hero(32, **{arm: 4.5, "mouth": "o"}), x, int(top[x]) + 2)
     else:
         # the same ground in failing light, a rocket left waiting, and what
         # is left of a bubbleman: a puddle with two eyes and his burst bubble
         sa = np.asarray(scene).astype(float)
         sa[:, :, :3] *= np.array([0.82, 0.78, 0.86])
         scene = Image.fromarray(sa.astype(np.uint8), "RGBA")
-        scene = paste(scene, art.rocket(48, 64, lights=0.0), (160, int(top[184]) - 62))
+        scene = stand(scene, rocket(1.7, frame=20), 184, int(top[184]) + 2)
         c = Canvas(256, 256)
         y0 = float(top[84]) + 1
         c.ellipse((58, y0 - 5, 110, y0 + 5), tuple(art.rgb(art.BODY[0])) + (255,))
@@ -588,8 +664,8 @@ def monitor_icon():
     sky = ramp(np.clip((ys - 31) / 52, 0, 1), ["#081428", "#2a4a78"]) * np.ones((1, w, 1))
     inner = rgba_image(sky)
     inner = stars_on(inner, (11, 32, 90, 58), 22, "monitor", 230)
-    inner = paste(inner, art.globe(1, 48, 0.4), (44, 30))
-    inner = paste(inner, art.rocket(30, 44, flame=0.9, key=11, legs=False, scale=0.85), (18, 36))
+    inner = paste(inner, globe(1, 48, 0.4), (44, 30))
+    inner = centre(inner, rocket(1.1, frame=11, flying=True), 33, 58)
     inner = mask_to(inner, screen, 3)
     img = Image.alpha_composite(img, inner)
     img = Image.alpha_composite(img, ring(w, w, screen, 3, (0, 0, 0), 1.0, alpha=0.9))
@@ -751,8 +827,9 @@ def lower_strip():
     cave.ellipse((60, 84, 126, 114), (22, 14, 11, 255))
     cave.ellipse((64, 86, 122, 99), (34, 22, 17, 255))
     img = common.over(img, cave.image())
-    img = paste(img, art.pod(32, 0.8), (77, 82))
-    img = paste(img, art.bubbleman(32, phase=0.3), (394, int(surf[410]) - 31))
+    img = paste(img, pod.paint_pod(32, 3), (77, 82))
+    # on the ledge just left of where the exit screen's tower stands
+    img = stand(img, hero(32, phase=0.3), 414, int(surf[414]) + 1)
     gems = Canvas(w, h)
     for x, y, s, col in ((452, 84, 7, (255, 190, 90)), (464, 90, 5, (120, 220, 255)), (440, 94, 4, (255, 150, 70))):
         gems.polygon([(x, y - s * 1.6), (x + s * 0.7, y), (x, y + s * 0.6), (x - s * 0.7, y)], col + (255,))
@@ -807,27 +884,37 @@ def exit_thanks():
     ledge.polygon([(70, 112), (186, 112), (176, 122), (150, 126), (110, 125), (80, 120)], (74, 48, 30, 255))
     ledge.rect((70, 110, 186, 113), tuple(art.rgb(art.MOSS[2])) + (255,), radius=1.5)
     img = Image.alpha_composite(img, ledge.image())
-    for i, x in enumerate((82, 112, 142)):
-        img = paste(img, art.bubbleman(32, phase=i / 3.0), (x, 80))
+    for x, arm in ((98, "arm_l"), (128, None), (158, "arm_r")):
+        # the two at the ends wave with their outer arm
+        pose = {arm: 4.5, "mouth": "o"} if arm else {}
+        img = stand(img, hero(32, **pose), x, 112)
     return img
 
 
 def exit_rocket():
-    """Frame 22 (128 x 256) at (586, 206): a rocket on its launch tower; the
-    pad's foot (row 256) meets the surface of the crust strip's right hill."""
+    """Frame 22 (128 x 256) at (586, 206): the level's rocket, large, on the
+    pad of its service tower; the pad's foot (row 256) meets the surface of
+    the crust strip's right hill. The stubby rocket fills the width, so the
+    tower stands behind it and the sky above stays open."""
     w, h = 128, 256
+    rk = rocket(4.4)
+    cx, floor = 72, 241
+    top = floor - rk.size[1]
     img = common.blank(w, h)
     c = Canvas(w, h)
-    # the gantry
-    c.rect((10, 36, 26, 246), (48, 56, 72, 255))
-    c.rect((12, 36, 15, 246), (110, 124, 148, 255))
-    for y in range(40, 240, 14):
-        c.line([(12, y), (24, y + 12)], (120, 134, 160, 255), 1.3)
-        c.line([(24, y), (12, y + 12)], (70, 80, 100, 255), 1.0)
-    c.rect((8, 30, 28, 38), (70, 80, 100, 255), radius=2)
-    c.ellipse((14, 22, 22, 30), (255, 90, 60, 255))
-    for y in (92, 150):
-        c.rect((26, y, 46, y + 4), (120, 134, 160, 255))
+    # the tower: a lattice mast a third higher than the rocket, its top lamp red
+    mast = top - 40
+    c.rect((6, mast, 22, 246), (48, 56, 72, 255))
+    c.rect((8, mast, 11, 246), (110, 124, 148, 255))
+    for y in range(mast + 4, 238, 14):
+        c.line([(8, y), (20, y + 12)], (120, 134, 160, 255), 1.3)
+        c.line([(20, y), (8, y + 12)], (70, 80, 100, 255), 1.0)
+    c.rect((4, mast - 6, 24, mast + 2), (70, 80, 100, 255), radius=2)
+    c.ellipse((10, mast - 14, 18, mast - 6), (255, 90, 60, 255))
+    # service arms reaching to the hull, which hides their ends
+    for y in (top + 30, top + 62):
+        c.rect((22, y, 56, y + 4), (120, 134, 160, 255))
+        c.rect((22, y + 4, 56, y + 5), (40, 46, 60, 255))
     img = Image.alpha_composite(img, common.glow(c.image(), 1.0, (255, 90, 60), 0.2))
     pad = plate(w, h, (2.5, 240.5, 125.5, 256.5), 3, ((120, 130, 148), (54, 60, 72)), bevel=1.5)
     img = Image.alpha_composite(img, pad)
@@ -835,7 +922,7 @@ def exit_rocket():
         c2 = Canvas(w, h)
         c2.ellipse((x - 2.5, 245, x + 2.5, 250), WARM + (255,))
         img = Image.alpha_composite(img, common.glow(c2.image(), 1.5, WARM, 0.6))
-    return paste(img, art.rocket(96, 200, scale=1.0), (21, 42))
+    return stand(img, rk, cx, floor)
 
 
 def slide(n):
@@ -845,13 +932,13 @@ def slide(n):
     img = recess(img, (11.5, 11.5, 116.5, 116.5), radius=6, face=((6, 10, 22), (16, 22, 40)), rim_alpha=0.3)
     img = stars_on(img, (13, 13, 115, 70), 25, ("slide", n), 200)
     if n == 0:
-        img = paste(img, art.bubbleman(96), (16, 16))
+        img = stand(img, hero(96), 64, 113)
     elif n == 1:
-        img = paste(img, art.pod(96, 0.9, crack=1.0), (16, 16))
+        img = paste(img, hatched_pod(96, 0), (16, 16))
     elif n == 2:
-        img = paste(img, art.rocket(64, 100, flame=1.0, key=5, legs=False), (32, 13))
+        img = centre(img, rocket(2.9, frame=12, flying=True), 64, 64)
     else:
-        img = paste(img, art.globe(4, 100, 0.6), (14, 14))
+        img = centre(img, globe(4, 100, 0.6), 64, 64)
     return img
 
 
