@@ -12,7 +12,7 @@ PACKAGES := cmake make g++ pkg-config \
 	liballegro4-dev liballeggl4-dev libjpgalleg4-dev libgl1-mesa-dev libglu1-mesa-dev \
 	python3 python3-pil python3-numpy fonts-dejavu-core \
 	clang libclang-rt-14-dev libgtest-dev libbenchmark-dev \
-	libosmesa6-dev xvfb xauth x11-utils xdotool xdg-utils
+	libx11-dev libosmesa6-dev xvfb xauth x11-utils x11-apps xdotool xdg-utils
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
