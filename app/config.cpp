@@ -143,11 +143,10 @@ static bool writeAll(int fd, const std::string &text)
     size_t done = 0;
     while (done < text.size()) {
         ssize_t n = write(fd, text.data() + done, text.size() - done);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)  // a disk that takes nothing would otherwise be asked forever
             return false;
-        }
         done += (size_t)n;
     }
     return true;

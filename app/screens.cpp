@@ -164,7 +164,10 @@ static void transitionSwitchActions()
         enterChosenLevel(transition.from == GameSelect);
         break;
     case GameSelect:
+        // The selection screen has the menu's track: back from a level, the
+        // level's track fades out here.
         enterGameSelect();
+        requestMusic(0);
         break;
     default:
         break;
@@ -235,16 +238,23 @@ bool consumeBlackoutTicks(int *countdown)
     return active;
 }
 
+static void drawBlackFrame()
+{
+    clearToBlack();
+    blackVeil(1.0f);
+    presentFrame();
+    rest(0);
+}
+
+void (*presentBlackFrame)() = drawBlackFrame;
+
 void blackoutWait(int n)
 {
     int countdown = n;
     bool active = true;
     while (active) {
         active = consumeBlackoutTicks(&countdown);
-        clearToBlack();
-        blackVeil(1.0f);
-        presentFrame();
-        rest(0);
+        presentBlackFrame();
     }
 }
 

@@ -97,6 +97,9 @@ void sampleInputFrom(const RawInput &raw);  // the rules of sampleInput on given
 void advancePulses();
 void resetPulses();
 void blackoutWait(int n);
+// One frame of blackoutWait: black, flipped, the processor yielded. Tests put
+// their own here, which also stands in for the timer.
+extern void (*presentBlackFrame)();
 // The counting of blackoutWait: consumes every owed tick; false once the
 // countdown has fallen below zero.
 bool consumeBlackoutTicks(int *countdown);

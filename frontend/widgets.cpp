@@ -41,17 +41,26 @@ Slider makeSlider(float x, float y, const char *label, int cellWidth, int cellHe
     return s;
 }
 
+static const int GUI_SLOTS = sizeof GuiTextures / sizeof GuiTextures[0];
+
+// A slot outside the table leaves the widget without that frame (it draws
+// untextured) rather than reading past the table at every draw.
+static const TextureId *guiSlot(int slot)
+{
+    return slot >= 0 && slot < GUI_SLOTS ? &GuiTextures[slot] : nullptr;
+}
+
 void setButtonFrames(Button &b, int firstGuiSlot)
 {
-    b.normalFrame = &GuiTextures[firstGuiSlot];
-    b.hoverFrame = &GuiTextures[firstGuiSlot + 1];
-    b.pressedFrame = &GuiTextures[firstGuiSlot + 2];
+    b.normalFrame = guiSlot(firstGuiSlot);
+    b.hoverFrame = guiSlot(firstGuiSlot + 1);
+    b.pressedFrame = guiSlot(firstGuiSlot + 2);
 }
 
 void setSliderFrames(Slider &s, int filledGuiSlot, int emptyGuiSlot)
 {
-    s.filledFrame = &GuiTextures[filledGuiSlot];
-    s.emptyFrame = &GuiTextures[emptyGuiSlot];
+    s.filledFrame = guiSlot(filledGuiSlot);
+    s.emptyFrame = guiSlot(emptyGuiSlot);
 }
 
 void updateButton(Button &b, float px, float py)
