@@ -15,10 +15,6 @@
 
 GameSettings settings = {0, 1, 5, 1, 10, 10};
 
-// Options-screen hook: the sliders and the record of the values last applied
-// take the numbers read here. The options screen installs it.
-void (*configReadHook)() = nullptr;
-
 double convertToDouble(const std::string &text)
 {
     std::istringstream in(text);
@@ -111,8 +107,6 @@ void readConfig()
     std::string error;
     if (!readConfigFrom(path, &error))
         fatalError("%s", error.c_str());
-    if (configReadHook)
-        configReadHook();
     logLine("Successfully read gameconfig.cfg");
 }
 

@@ -6,6 +6,13 @@
 
 namespace {
 
+// The seven empty sky rows most cases start with, as wide as the rows below.
+std::vector<std::string> underOpenSky(std::vector<std::string> rows)
+{
+    rows.insert(rows.begin(), SKY_ROWS, std::string(rows.front().size(), '.'));
+    return rows;
+}
+
 std::vector<std::string> normalised(const std::vector<std::string> &rows)
 {
     Level level = levelFromRows(rows);
@@ -50,38 +57,24 @@ TEST(Normalise, ItemsNeedSupportAndScanOrderSettlesColumns)
     // and column 7 under a Radioactive2). Explosive on Radioactive2: that
     // holds nothing up, so it is replaced by dirt. An item on Dirt1 stays; an
     // item on an item turns the lower one into dirt, which then holds.
-    const std::vector<std::string> result = normalised({
-        "...........",
-        "...........",
-        "...........",
-        "...........",
-        "...........",
-        "...........",
-        "...........",
+    const std::vector<std::string> result = normalised(underOpenSky({
         "B^.1.X.R.3B",
         "B^.d.R.^.2B",
         "B......^..B",
         "B.........B",
         "BBBBBBBBBBB",
-    });
+    }));
     EXPECT_EQ("B^.1.X.R.3B", result[7]);
     EXPECT_EQ("Bd.d.d.^.dB", result[8]);
     EXPECT_EQ("B......d..B", result[9]);
     EXPECT_EQ("B.........B", result[10]);
 
     // Radioactive1 and rock hold items up; the bottom border does too.
-    const std::vector<std::string> held = normalised({
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
+    const std::vector<std::string> held = normalised(underOpenSky({
         "B^4..B",
         "Brk.XB",
         "BBBBBB",
-    });
+    }));
     EXPECT_EQ("B^4..B", held[7]);
     EXPECT_EQ("Brk.XB", held[8]);
 }
@@ -90,19 +83,12 @@ TEST(Normalise, WaterSitsInABasin)
 {
     // A pool two wide: beside, under and diagonally under it fill with dirt;
     // side by side the two water cells leave each other alone.
-    std::vector<std::string> result = normalised({
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
+    std::vector<std::string> result = normalised(underOpenSky({
         "B..~~..B",
         "B......B",
         "B......B",
         "BBBBBBBB",
-    });
+    }));
     EXPECT_EQ("B.d~~d.B", result[7]);
     EXPECT_EQ("B.dddd.B", result[8]);
     EXPECT_EQ("B......B", result[9]);
@@ -110,37 +96,23 @@ TEST(Normalise, WaterSitsInABasin)
     // Water above water, and water diagonally above water, turn the lower one
     // into dirt; rock already there stays rock. Column 4's water is scanned
     // (and fills below itself) before column 5's turns it into dirt.
-    result = normalised({
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
-        "........",
+    result = normalised(underOpenSky({
         "B.~..~.B",
         "B.~.~k.B",
         "B......B",
         "BBBBBBBB",
-    });
+    }));
     EXPECT_EQ("Bd~dd~dB", result[7]);
     EXPECT_EQ("BddddkdB", result[8]);
     EXPECT_EQ("B..ddd.B", result[9]);
 
     // Water in column 1 and beside the right border: the ring stays Border
     // (never turned into dirt), the open cells fill.
-    result = normalised({
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
-        "......",
+    result = normalised(underOpenSky({
         "B~..~B",
         "B....B",
         "BBBBBB",
-    });
+    }));
     EXPECT_EQ("B~dd~B", result[7]);
     EXPECT_EQ("BddddB", result[8]);
 
