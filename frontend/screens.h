@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 void mainMenuTick();
 void mainMenuFrame();
@@ -32,3 +33,15 @@ void enterGameSelect();                      // into GameSelect
 
 // The game-select screen's notice: 1 is "Select A Mission To Play!".
 extern int32_t missionMessage;
+
+// The selection screen's list view; the pause panel's "Retry" reloads its
+// current path.
+struct MissionListView {
+    float x, y;
+    float r, g, b, a;
+    int32_t currentIndex;
+    std::string currentPath;
+};
+extern MissionListView missionList;
+// The path of the level the start button chose; the switch into Playing loads it.
+extern std::string chosenLevelPath;

@@ -1,4 +1,5 @@
 #include "frontend/widgets.h"
+#include "frontend/layout.h"
 #include "audio/audio.h"
 #include "render/draw.h"
 #include "render/text.h"
@@ -12,9 +13,6 @@ static int liveMouseButtons()
 }
 
 int (*readMouseButtons)() = liveMouseButtons;
-
-Button dialogUpperButton = makeButton(320, 184, 256, 32, 1);
-Button dialogLowerButton = makeButton(320, 148, 256, 32, 1);
 
 Button makeButton(float x, float y, int width, int height, int clickSound)
 {
@@ -149,6 +147,5 @@ void drawSlider(const Slider &s)
 
 void linkWidgetFrames()
 {
-    setButtonFrames(dialogUpperButton, 6);
-    setButtonFrames(dialogLowerButton, 6);
+    linkLayoutFrames();
 }

@@ -17,18 +17,9 @@
 
 static const char LAUNCH_PANEL_TEXT[] = "Ready for launch";
 
-// Its frames are fixed slots of the GUI table, so it can be whole from the start.
-static Button makeLaunchButton()
-{
-    Button b = makeButton(0, -110, 128, 32, 1);
-    setButtonFrames(b, 3);
-    return b;
-}
-
 LaunchPanel launchPanel = {
     LAUNCH_PANEL_TEXT, &FontTextures[1], 768, 70, 1, 1, 1, 1, 0, true, false, false, false, 0, 256,
 };
-Button launchButton = makeLaunchButton();
 std::list<FlyingRocket> flyingRockets;
 
 static const float PANEL_SLIDE_STEP = 4;
