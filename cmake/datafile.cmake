@@ -10,7 +10,7 @@ find_program(ALLEGRO_DAT NAMES dat PATHS /usr/bin REQUIRED)
 
 set(GEN_ASSETS_DIR ${CMAKE_SOURCE_DIR}/tools/gen_assets)
 file(GLOB GEN_ASSETS_SOURCES CONFIGURE_DEPENDS ${GEN_ASSETS_DIR}/*.py)
-file(GLOB HAND_MADE_LEVELS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/levels/*.LEV)
+file(GLOB HAND_MADE_LEVELS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/levels/*.LEV ${CMAKE_SOURCE_DIR}/levels/maps/*.map)
 
 set(DATAFILE ${GAME_DIR}/DATA/DATA.DAT)
 set(DATAFILE_TREE ${CMAKE_BINARY_DIR}/datafile/tree)
@@ -25,7 +25,7 @@ add_custom_command(
           --contact ${DATAFILE_CONTACT}
           --manifest ${CMAKE_SOURCE_DIR}/assets/manifest.tsv
           --levels ${CMAKE_SOURCE_DIR}/levels
-  DEPENDS ${GEN_ASSETS_SOURCES} ${HAND_MADE_LEVELS} ${CMAKE_SOURCE_DIR}/assets/manifest.tsv
+  DEPENDS ${GEN_ASSETS_SOURCES} ${CMAKE_SOURCE_DIR}/tools/levelmaps.py ${HAND_MADE_LEVELS} ${CMAKE_SOURCE_DIR}/assets/manifest.tsv
   COMMENT "Generating the game's pictures, sounds and levels into DATA/DATA.DAT"
   VERBATIM)
 

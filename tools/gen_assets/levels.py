@@ -6,9 +6,12 @@ surface and a sprinkling of the planet's hazards, harder further in. A file
 named like the object (P1M01.LEV ...) in the repository's levels/ folder
 replaces the placeholder of that name, byte for byte."""
 import os
-
+import sys
 
 from common import rng, fbm
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
+import levelmaps  # noqa: E402
 
 W, H = 30, 20
 SKY = 7
@@ -195,6 +198,15 @@ def generate(reg):
     hand = getattr(reg, "levels_dir", None)
     for name in level_names():
         planet, mission = int(name[1]), int(name[3:5])
+        map_path = os.path.join(hand, "maps", name + ".map") if hand else None
+        if map_path and os.path.isfile(map_path):
+            try:
+                level = levelmaps.parse_map(map_path)
+            except levelmaps.MapError as e:
+                raise SystemExit("gen_assets: %s" % e)
+            reg.level(name, levelmaps.level_text(level).encode("ascii"), level["width"],
+                      level["height"], "level %s, planet %d: %s (designed)" % (name, planet, level["title"]))
+            continue
         path = os.path.join(hand, name + ".LEV") if hand else None
         if path and os.path.isfile(path):
             data = open(path, "rb").read()
