@@ -31,6 +31,8 @@ void buildPasswordTable() {}
 void showNextPassword() {}
 void checkPassword() {}
 void armLevelBanner() {}
+std::vector<PlayAction> playRecord;
+bool recordingPlay = false;
 
 void creditsTick() {}
 void creditsFrame() {}
