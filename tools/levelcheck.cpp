@@ -1,10 +1,14 @@
 // levelcheck: plays a level from its solution, headless, and says in one line
 // whether the solution wins it. Exit status 0 only for a win, 1 for a loss or
 // a run that does not finish, 2 when the level or the solution cannot be read.
+// A level that loads but is odd (no pods, no rockets, pods where the load
+// clears them, cells missing) gets a warning line; --strict makes each an
+// error, so a campaign build cannot ship one by accident.
 //
 //   levelcheck <level file or LEVELS name> <solution file> [--datafile path]
-//              [--ticks n] [--seed n] [--notes] [--grids]
-#include "sim/driver.h"
+//              [--ticks n] [--seed n] [--notes] [--grids] [--strict]
+#include "game/driver.h"
+#include "world/level_warnings.h"
 
 #include <allegro.h>
 
@@ -15,6 +19,7 @@
 #include <cstring>
 #include <string>
 #include <sys/stat.h>
+#include <vector>
 
 #ifndef LEVELCHECK_DATAFILE
 #define LEVELCHECK_DATAFILE "DATA/DATA.DAT"
@@ -30,6 +35,7 @@ struct Arguments {
     long seed = 1;
     bool notes = false;
     bool grids = false;
+    bool strict = false;
 };
 
 // The same bound as a solution's steps: far beyond any level, and the run's
@@ -40,7 +46,7 @@ void usage()
 {
     std::fprintf(stderr,
                  "usage: levelcheck <level file or LEVELS name> <solution file> [--datafile path]\n"
-                 "                  [--ticks n] [--seed n] [--notes] [--grids]\n");
+                 "                  [--ticks n] [--seed n] [--notes] [--grids] [--strict]\n");
 }
 
 bool readNumber(const char *text, long lo, long hi, long *value)
@@ -71,6 +77,8 @@ bool parseArguments(int argc, char **argv, Arguments &args)
             args.notes = true;
         } else if (std::strcmp(a, "--grids") == 0) {
             args.grids = true;
+        } else if (std::strcmp(a, "--strict") == 0) {
+            args.strict = true;
         } else if (a[0] == '-' && a[1] == '-') {
             return false;
         } else if (!args.level) {
@@ -153,6 +161,11 @@ int main(int argc, char **argv)
         std::printf("%s: error: %s\n", args.level, error.c_str());
         return 2;
     }
+    const std::vector<std::string> warnings = levelWarnings(currentLevel, loadedLevelFacts);
+    for (const std::string &w : warnings)
+        std::printf("%s: %s: %s\n", args.level, args.strict ? "error" : "warning", w.c_str());
+    if (args.strict && !warnings.empty())
+        return 2;
     RunOptions options;
     options.tickLimit = static_cast<int32_t>(args.ticks);
     options.seed = static_cast<uint32_t>(args.seed);

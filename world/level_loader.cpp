@@ -22,6 +22,7 @@
 #include "game/mission.h"
 #include "render/textures.h"
 #include "world/level.h"
+#include "world/level_warnings.h"
 
 namespace {
 
@@ -260,17 +261,20 @@ void parseStreamHeader(std::istream &in, LevelHeader &header)
 }
 
 // Once a cell cannot be read, every remaining cell repeats the last value
-// that could.
-void parseStreamCells(std::istream &in, Level &loaded)
+// that could. Returns how many the file held.
+int32_t parseStreamCells(std::istream &in, Level &loaded)
 {
-    int32_t last = 0;
+    int32_t last = 0, read = 0;
     for (int x = 0; x < loaded.width; x++)
         for (int y = 0; y < loaded.height; y++) {
             int32_t value;
-            if (in >> value)
+            if (in >> value) {
                 last = value;
+                read++;
+            }
             loaded.terrain[x][y] = last;
         }
+    return read;
 }
 
 std::string formatPath(const char *format, va_list args)
@@ -318,8 +322,11 @@ bool parseLevelPackfile(PACKFILE *file, Level &level, MissionState &state, std::
                             quoteForLog(bad.what()));
         return false;
     }
+    // The packed reader refuses a short file, so every cell was in it.
+    const LevelFileFacts facts = factsOfReadCells(loaded, loaded.width * loaded.height);
     finishLoad(loaded, state);
     commitLevel(level, loaded, header, state);
+    loadedLevelFacts = facts;
     return true;
 }
 
@@ -331,9 +338,10 @@ bool parseLevelStream(std::istream &in, Level &level, MissionState &state, std::
         return false;
     Level loaded;
     sizeGrids(loaded, header.width, header.height);
-    parseStreamCells(in, loaded);
+    const LevelFileFacts facts = factsOfReadCells(loaded, parseStreamCells(in, loaded));
     finishLoad(loaded, state);
     commitLevel(level, loaded, header, state);
+    loadedLevelFacts = facts;
     return true;
 }
 
