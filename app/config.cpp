@@ -5,22 +5,66 @@
 #include "app/log.h"
 #include "app/startup.h"
 
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <locale>
 #include <sstream>
 #include <unistd.h>
 
 GameSettings settings = {0, 1, 5, 1, 10, 10};
 
+// Only the longest prefix that is a plain decimal number is read: "12eggs" and
+// "8e" are 8 and 12 with words after them, not damaged exponents. Words that
+// merely start like numbers ("nan", "inf", "0x1f" beyond its 0) are not read as
+// numbers, and no locale can turn the decimal point into a comma.
+static size_t decimalPrefixEnd(const std::string &text, size_t start)
+{
+    size_t i = start;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-'))
+        i++;
+    size_t digits = 0;
+    while (i < text.size() && isdigit((unsigned char)text[i]))
+        i++, digits++;
+    if (i < text.size() && text[i] == '.') {
+        i++;
+        while (i < text.size() && isdigit((unsigned char)text[i]))
+            i++, digits++;
+    }
+    if (digits == 0)
+        return start;
+    if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+        size_t e = i + 1;
+        if (e < text.size() && (text[e] == '+' || text[e] == '-'))
+            e++;
+        if (e < text.size() && isdigit((unsigned char)text[e])) {
+            while (e < text.size() && isdigit((unsigned char)text[e]))
+                e++;
+            i = e;
+        }
+    }
+    return i;
+}
+
 double convertToDouble(const std::string &text)
 {
-    std::istringstream in(text);
-    double value;
-    if (!(in >> value))
+    size_t start = 0;
+    while (start < text.size() && isspace((unsigned char)text[start]))
+        start++;
+    const size_t end = decimalPrefixEnd(text, start);
+    if (end == start)
         throw BadConversion("convertToDouble(\"" + text + "\")");
+    // The prefix is plain ASCII decimal, which the classic-locale stream reads
+    // whole. A value beyond the double range fails the stream but is still a
+    // number: the stream leaves it at the largest double of its sign, and the
+    // readers bound it like any other large value.
+    std::istringstream in(text.substr(start, end - start));
+    in.imbue(std::locale::classic());
+    double value = 0;
+    in >> value;
     return value;
 }
 

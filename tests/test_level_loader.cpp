@@ -291,13 +291,15 @@ TEST_F(LevelLoader, BadAndHostileFilesFailWithTheLevelIntact)
     with("narrow", [](LevelFile &f) { f.width = "2"; }, "(width 2 is outside 3 to 256)",
          "(width 2 is outside 3 to 256)", false);
     with("wide", [](LevelFile &f) { f.width = "257"; }, "width 257", "width 257", false);
+    // What the stream reader cannot read is named as the file holds it, not
+    // as the value the field kept.
     with("wraps to 3 in 16 bits", [](LevelFile &f) { f.width = "65539"; }, "width 65539",
-         "width 0 is outside", true);
+         "(width \"65539\" is not a number from 3 to 256)", true);
     with("negative", [](LevelFile &f) { f.height = "-10"; }, "height -10", "height -10", false);
     with("shallow", [](LevelFile &f) { f.height = "7"; }, "(height 7 is outside 8 to 256)",
          "height 7", false);
-    with("deep", [](LevelFile &f) { f.height = "40000"; }, "height 40000", "height 0 is outside",
-         true);
+    with("deep", [](LevelFile &f) { f.height = "40000"; }, "height 40000",
+         "(height \"40000\" is not a number from 8 to 256)", true);
     with("huge", [](LevelFile &f) { f.height = "1e20"; }, "height 2147483647",
          "height 1 is outside", false);
     with("planet 0", [](LevelFile &f) { f.planet = "0"; }, "(planet 0 is not 1 to 4)",
@@ -306,8 +308,14 @@ TEST_F(LevelLoader, BadAndHostileFilesFailWithTheLevelIntact)
     with("short", [](LevelFile &f) { f.cells.resize(40); },
          "(line 58 is not a number: convertToDouble(\"\"))", nullptr, false);
     with("malformed width", [](LevelFile &f) { f.width = "ten"; },
-         "line 7 is not a number: convertToDouble(\"ten\")", "width 0 is outside", true);
-    cases.push_back({"empty", "", "line 2 is not a number", "planet 0 is not 1 to 4", true});
+         "line 7 is not a number: convertToDouble(\"ten\")", "(width \"ten\" is not a number from 3 to 256)",
+         true);
+    with("malformed mission number", [](LevelFile &f) { f.missionNumber = "nine"; },
+         "line 3 is not a number",
+         "(the mission number \"nine\" is not a number, so the width was never read)", true);
+    with("cut in the header", [](LevelFile &f) { f.locks.clear(), f.cells.clear(), f.height = "", f.width = ""; },
+         "line 7 is not a number", "(the file ends before the width)", true);
+    cases.push_back({"empty", "", "line 2 is not a number", "(the file ends before the planet)", true});
 
     for (const NamedLoader &loader : loaders) {
         const bool pack = loader.load == tryLoadLevelFromPack;

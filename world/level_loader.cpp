@@ -81,21 +81,63 @@ struct LevelHeader {
     int32_t toolLocked[LOCKABLE_TOOL_COUNT];
 };
 
-bool checkHeader(const LevelHeader &header, std::string *error)
+// The header fields in file order, for naming the one the stream reader
+// stopped at.
+enum HeaderField {
+    TitleField, PlanetField, MissionField, CampaignField, ReservedField, CreditsField,
+    WidthField, HeightField, LockField, NoField,
+};
+const char *const headerFieldNames[] = {
+    "title", "planet", "mission number", "campaign flag", "reserved number", "credits",
+    "width", "height", "tool lock",
+};
+
+// Where the stream reader stopped: the first field it could not read and the
+// text the file held there (empty at the end of the file).
+struct StreamStop {
+    HeaderField field = NoField;
+    std::string text;
+};
+
+// A field the stream reader never read still holds an older value, and
+// naming that value would send the designer looking for a number the file
+// does not hold: the message names what the file does hold.
+std::string unreadFieldProblem(HeaderField checked, const StreamStop &stop, const std::string &range)
 {
-    std::string problem;
-    if (header.planet < LEVEL_MIN_PLANET || header.planet > LEVEL_MAX_PLANET)
-        problem = "planet " + std::to_string(header.planet) + " is not 1 to 4";
-    else if (header.width < LEVEL_MIN_WIDTH || header.width > LEVEL_MAX_WIDTH)
-        problem = "width " + std::to_string(header.width) + " is outside " +
-                  std::to_string(LEVEL_MIN_WIDTH) + " to " + std::to_string(LEVEL_MAX_WIDTH);
-    else if (header.height < LEVEL_MIN_HEIGHT || header.height > LEVEL_MAX_HEIGHT)
-        problem = "height " + std::to_string(header.height) + " is outside " +
-                  std::to_string(LEVEL_MIN_HEIGHT) + " to " + std::to_string(LEVEL_MAX_HEIGHT);
-    if (problem.empty())
-        return true;
-    setError(error, problem);
-    return false;
+    const std::string name = headerFieldNames[checked];
+    if (stop.text.empty())
+        return std::string("the file ends before the ") + headerFieldNames[stop.field];
+    if (stop.field == checked)
+        return name + " \"" + stop.text + "\" is not a number from " + range;
+    return std::string("the ") + headerFieldNames[stop.field] + " \"" + stop.text +
+           "\" is not a number, so the " + name + " was never read";
+}
+
+bool checkHeader(const LevelHeader &header, std::string *error, const StreamStop &stop = StreamStop())
+{
+    struct Bound {
+        HeaderField field;
+        int32_t value, lo, hi;
+    };
+    const Bound bounds[] = {
+        {PlanetField, header.planet, LEVEL_MIN_PLANET, LEVEL_MAX_PLANET},
+        {WidthField, header.width, LEVEL_MIN_WIDTH, LEVEL_MAX_WIDTH},
+        {HeightField, header.height, LEVEL_MIN_HEIGHT, LEVEL_MAX_HEIGHT},
+    };
+    for (const Bound &b : bounds) {
+        if (b.value >= b.lo && b.value <= b.hi)
+            continue;
+        const std::string range = std::to_string(b.lo) + " to " + std::to_string(b.hi);
+        const std::string name = headerFieldNames[b.field];
+        if (stop.field <= b.field)
+            setError(error, unreadFieldProblem(b.field, stop, range));
+        else if (b.field == PlanetField)
+            setError(error, "planet " + std::to_string(b.value) + " is not " + range);
+        else
+            setError(error, name + " " + std::to_string(b.value) + " is outside " + range);
+        return false;
+    }
+    return true;
 }
 
 void sizeGrids(Level &level, int width, int height)
@@ -235,29 +277,48 @@ std::string readTitleLine(std::istream &in)
     return title;
 }
 
+// The word the reader could not take, read again from where it started. The
+// stream is left failed as the extraction left it.
+std::string wordAt(std::istream &in, std::streampos start)
+{
+    std::string word;
+    if (start == std::streampos(-1))
+        return word;
+    in.clear();
+    if (in.seekg(start))
+        in >> word;
+    in.setstate(std::ios::failbit);
+    return quoteForLog(word);
+}
+
 // A value that cannot be read leaves the field as it was; the stream stays
 // failed, so every later field keeps its value too.
 template <typename T>
-void extractInto(std::istream &in, int32_t &field)
+void extractInto(std::istream &in, int32_t &field, HeaderField name, StreamStop &stop)
 {
+    const std::streampos start = in ? in.tellg() : std::streampos(-1);
     T value;
-    if (in >> value)
+    if (in >> value) {
         field = value;
+    } else if (stop.field == NoField) {
+        stop.field = name;
+        stop.text = wordAt(in, start);
+    }
 }
 
-void parseStreamHeader(std::istream &in, LevelHeader &header)
+void parseStreamHeader(std::istream &in, LevelHeader &header, StreamStop &stop)
 {
     header.title = readTitleLine(in);
-    extractInto<int32_t>(in, header.planet);
+    extractInto<int32_t>(in, header.planet, PlanetField, stop);
     linkTerrainSet(header.planet);
-    extractInto<int32_t>(in, header.missionNumber);
-    extractInto<int32_t>(in, header.campaignLevel);
-    extractInto<int32_t>(in, header.reserved);
-    extractInto<int32_t>(in, header.credits);
-    extractInto<int16_t>(in, header.width);
-    extractInto<int16_t>(in, header.height);
+    extractInto<int32_t>(in, header.missionNumber, MissionField, stop);
+    extractInto<int32_t>(in, header.campaignLevel, CampaignField, stop);
+    extractInto<int32_t>(in, header.reserved, ReservedField, stop);
+    extractInto<int32_t>(in, header.credits, CreditsField, stop);
+    extractInto<int16_t>(in, header.width, WidthField, stop);
+    extractInto<int16_t>(in, header.height, HeightField, stop);
     for (int i = 0; i < LOCKABLE_TOOL_COUNT; i++)
-        extractInto<int32_t>(in, header.toolLocked[i]);
+        extractInto<int32_t>(in, header.toolLocked[i], LockField, stop);
 }
 
 // Once a cell cannot be read, every remaining cell repeats the last value
@@ -333,8 +394,9 @@ bool parseLevelPackfile(PACKFILE *file, Level &level, MissionState &state, std::
 bool parseLevelStream(std::istream &in, Level &level, MissionState &state, std::string *error)
 {
     LevelHeader header = headerHeldBy(level, state);
-    parseStreamHeader(in, header);
-    if (!checkHeader(header, error))
+    StreamStop stop;
+    parseStreamHeader(in, header, stop);
+    if (!checkHeader(header, error, stop))
         return false;
     Level loaded;
     sizeGrids(loaded, header.width, header.height);
