@@ -4,6 +4,7 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "app/startup.h"
+#include "frontend/frontend.h"
 #include "render/draw.h"
 #include "render/textures.h"
 
@@ -13,8 +14,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Where "Visit Website" on the exit screen takes the player.
-static const char WEBSITE_ADDRESS[] = "https://delvemoor.example.org/";
 
 // Closing the window is the player's way of saying "quit now": the game ends
 // through the same shut-down as the exit screen.
@@ -60,8 +59,11 @@ void shutDown()
     allegro_exit();
     // The browser starts in the user's home rather than in the game directory,
     // which may go away with an uninstall while the browser still runs.
-    if (openWebsiteAfterExit)
-        openWithShell(WEBSITE_ADDRESS, getenv("HOME"));
+    if (openWebsiteAfterExit) {
+        char page[1100];
+        snprintf(page, sizeof page, "%s/%s", DataRoot, MAKERS_PAGE_FILE);
+        openWithShell(page, getenv("HOME"));
+    }
     closeLog();
 }
 

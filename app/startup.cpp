@@ -5,9 +5,12 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "audio/audio.h"
+#include "frontend/frontend.h"
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/textures.h"
+#include "world/catalogue.h"
+#include "world/passwords.h"
 
 #include <allegro.h>
 #include <alleggl.h>
@@ -258,7 +261,10 @@ void loadGameData()
     logLine("Image data loaded");
     linkImageData();
     logLine("Image data linked");
-    // The level catalogue joins here once the campaign screens exist.
+    buildCampaignLevelNames();
+    buildPasswordTable();
+    loadLevelCatalogue();
+    syncOptionsWithSettings();
     linkTerrainSet(1);
     prefillStars();
 }

@@ -6,7 +6,7 @@
 
 #include "game/mission.h"
 #include "sim/bubblemen.h"
-#include "sim/driver.h"
+#include "game/driver.h"
 #include "sim/explosions.h"
 #include "world/level.h"
 

@@ -1,17 +1,23 @@
-// The driver keeps the game's own rhythm, one tick per frame: each step runs
-// the logic tick (in which the launch panel sees the Launch button's click),
-// then the frame's work in the game screen's order: the level view's terrain
-// upkeep, then the click on the level, the out-of-credits rule, and the
-// toolbar and "Hatch Pods" buttons. So a script can do nothing a player at
-// the mouse could not.
-#include "sim/driver.h"
+// The headless driver feeds a script into the game screen's own functions:
+// each step is the main loop at twice the tick rate, one pass with the
+// level's tick and one without, and each action is the player's mouse: the
+// pointer put on the button or the cell, the button pressed in the first
+// pass and released in the second. So a script can click nothing a player
+// could not, and the game's order of a tick and of a frame is the only one.
+#include "game/driver.h"
 
+#include "app/screens.h"
+#include "frontend/layout.h"
+#include "game/camera.h"
+#include "game/gamescreen.h"
 #include "game/gametick.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "sim/bubblemen.h"
+#include "render/draw.h"
 #include "sim/cells.h"
 #include "sim/rockets.h"
+#include "sim/tools.h"
 
 #include <cctype>
 #include <cerrno>
@@ -42,8 +48,11 @@ const ToolName toolNames[] = {
 
 // Far beyond any tick limit, and small enough that step + 1 cannot overflow.
 const long MAX_STEP = 100000000;
-// The pointer's height for a click on the level: inside the play band.
-const float LEVEL_POINTER_Y = 200;
+// Where the pointer rests at the start, and where a right click on the level
+// is made: in the middle of the play band, away from every edge and button.
+const float REST_X = 320, REST_Y = 200;
+// The pointer stays this far inside the screen, short of the edge scrolling.
+const float EDGE_KEEP = 15;
 
 std::string lowered(std::string s)
 {
@@ -246,8 +255,29 @@ bool loadRunLevelText(const std::string &text, std::string *error)
     return parseLevelStream(in, currentLevel, mission, error);
 }
 
+// The driver's mouse: where the pointer is and whether the left or the right
+// button is down. The game's buttons read the live state through
+// readMouseButtons, so during a step it points here.
+static float pointerX = REST_X, pointerY = REST_Y;
+static int mouseButtons = 0;
+static int drivenMouseButtons()
+{
+    return mouseButtons;
+}
+
+// The launch click is heard by the tick after its press; its note waits.
+static const ScriptAction *pendingLaunch = nullptr;
+
 void beginRun(uint32_t seed)
 {
+    transition.alpha = 0;
+    setScreen(Playing);
+    input = InputSnapshot();
+    pointerX = REST_X;
+    pointerY = REST_Y;
+    mouseButtons = 0;
+    pendingLaunch = nullptr;
+    levelTick = 0;
     std::srand(seed);
     resetStatusLine();
 }
@@ -257,61 +287,145 @@ static void note(RunResult &result, const ScriptAction &a, const std::string &te
     result.notes.push_back(ActionNote{a.step, a.line, text});
 }
 
+static int32_t clampInt(int32_t v, int32_t lo, int32_t hi)
+{
+    return v < lo ? lo : v > hi ? hi : v;
+}
+
+// Takes the view to the cell, as a player scrolls to it, and puts the
+// pointer on the cell inside the band between the panels. False for a cell
+// outside the level or one that only lies behind a panel.
 static bool pointAtCell(const ScriptAction &a, RunResult &result)
 {
+    const std::string cell = "cell (" + std::to_string(a.x) + ", " + std::to_string(a.y) + ")";
     if (!inGrid(a.x, a.y)) {
-        result.error = lineError(a.line, "cell (" + std::to_string(a.x) + ", " + std::to_string(a.y) +
-                                             ") is outside the " + std::to_string(currentLevel.width) +
+        result.error = lineError(a.line, cell + " is outside the " + std::to_string(currentLevel.width) +
                                              " x " + std::to_string(currentLevel.height) + " level");
         return false;
     }
-    currentLevel.cursorX = a.x;
-    currentLevel.cursorY = a.y;
+    // Centred where the camera may go: the middle of the play band.
+    camX = 32.0f * a.x + 16 - SCREEN_WIDTH / 2;
+    camY = -(32.0f * a.y - 16 + 196);
+    clampCamera();
+    const int32_t left = static_cast<int32_t>(viewOriginX()) - 16 + 32 * a.x;
+    const int32_t top = static_cast<int32_t>(viewOriginY()) - 16 - 32 * (a.y - 1);
+    const int32_t px = clampInt(left + 16, static_cast<int32_t>(EDGE_KEEP), SCREEN_WIDTH - EDGE_KEEP);
+    const int32_t py = clampInt(top - 16, 41, 351);
+    int32_t cx, cy;
+    cursorCellAt(static_cast<float>(px), static_cast<float>(py), &cx, &cy);
+    if (cx != a.x || cy != a.y || !pointerInPlayBand(static_cast<float>(py))) {
+        result.error = lineError(a.line, cell + " lies behind the display panels, out of the pointer's reach");
+        return false;
+    }
+    pointerX = static_cast<float>(px);
+    pointerY = static_cast<float>(py);
     return true;
+}
+
+static void pointAtButton(const Button &b)
+{
+    pointerX = b.x;
+    pointerY = b.y;
+}
+
+// The Launch button on the 640-pixel screen: its visible part nearest the
+// panel's middle.
+static void pointAtLaunchButton()
+{
+    const float halfWidth = static_cast<float>(launchButton.width / 2);
+    float px = launchButton.x;
+    if (px > SCREEN_WIDTH - 1)
+        px = static_cast<float>(static_cast<int32_t>(launchButton.x - halfWidth) + 1);
+    pointerX = px < SCREEN_WIDTH - 1 ? px : SCREEN_WIDTH - 1;
+    pointerY = launchButton.y;
+}
+
+// One pass of the main loop: the input sampled, the level's tick when it is
+// owed, the frame.
+static void loopPass(bool tick)
+{
+    int (*const realMouse)() = readMouseButtons;
+    readMouseButtons = drivenMouseButtons;
+    RawInput raw = {};
+    raw.mouseButtons = mouseButtons;
+    sampleInputFrom(raw);
+    input.pointerX = pointerX;
+    input.pointerY = pointerY;
+    if (tick)
+        runScreenLogic(currentScreen);
+    runGameFrameWithoutDrawing();
+    readMouseButtons = realMouse;
+}
+
+static int32_t outcomeOfScreen()
+{
+    if (currentScreen == MissionFailed)
+        return RunLost;
+    if (currentScreen == MissionComplete)
+        return RunWon;
+    return RunUnfinished;
+}
+
+// Puts the pointer where the action clicks and says which button goes down;
+// 0 when nothing is pressed (the action is noted as ignored).
+static int aimAction(const ScriptAction &a, RunResult &result, const char **remark)
+{
+    switch (a.kind) {
+    case ClickCellAction:
+        return pointAtCell(a, result) ? 1 : -1;
+    case CancelAction:
+        pointerX = REST_X;
+        pointerY = REST_Y;
+        return 2;
+    case ChooseToolAction:
+        pointAtButton(toolButtons[a.tool - 1]);
+        // A locked tool's button is never updated, so its click goes unheard.
+        if (toolIsLocked(a.tool))
+            *remark = "(the tool is locked in this level)";
+        return 1;
+    case HatchPodsAction:
+        pointAtButton(hatchPodsButton);
+        return 1;
+    case LaunchAction:
+        if (!launchButtonReachable()) {
+            *remark = "(the Launch button is not on the screen)";
+            return 0;
+        }
+        pointAtLaunchButton();
+        return 1;
+    default:
+        return 0;
+    }
 }
 
 int32_t runStep(int32_t step, const ScriptAction *action, RunResult &result)
 {
-    const ScriptAction *launch = action && action->kind == LaunchAction ? action : nullptr;
-    const bool launchClicked = launch && launchButtonReachable();
-
-    // The tick. Its end-of-level tests come first; the screen they choose
-    // takes over after the tick, which still runs to its end.
-    const bool complete = missionCompleteReached();
-    const bool failed = missionFailedReached();
-    advanceLevel(launchClicked);
-    result.ticks = step;
-    if (launch)
-        note(result, *launch, launchClicked ? statusTarget() : "(the Launch button is not on the screen)");
-
-    // The frame. The mission-end panels still show the level underneath.
-    placeLaunchPanel();
-    normaliseTerrain(currentLevel);
-    if (failed)
-        return RunLost;     // the later of the two screen changes
-    if (complete)
-        return RunWon;
-
-    FrameClicks clicks = {false, false, LEVEL_POINTER_Y, NoTool, false};
     const char *remark = nullptr;
-    if (action && action->kind == ClickCellAction) {
-        if (!pointAtCell(*action, result))
+    mouseButtons = 0;
+    if (action) {
+        const int buttons = aimAction(*action, result, &remark);
+        if (buttons < 0)
             return RunError;
-        clicks.leftPressed = true;
+        mouseButtons = buttons;
     }
-    if (action && action->kind == CancelAction)
-        clicks.rightPressed = true;
-    if (action && action->kind == ChooseToolAction) {
-        // A locked tool's button is never updated, so its click goes unheard.
-        if (toolIsLocked(action->tool))
-            remark = "(the tool is locked in this level)";
-        else
-            clicks.toolButton = action->tool;
+
+    // The pass with the tick: the button goes down.
+    loopPass(true);
+    result.ticks = step;
+    if (pendingLaunch) {
+        note(result, *pendingLaunch, statusTarget());
+        pendingLaunch = nullptr;
     }
-    if (action && action->kind == HatchPodsAction)
-        clicks.hatchPods = true;
-    applyFrameClicks(clicks);
-    if (action && action->kind != LaunchAction)
+    const int32_t outcome = outcomeOfScreen();
+    // The pass without: the button comes up, and a click is complete.
+    mouseButtons = 0;
+    loopPass(false);
+    if (outcome != RunUnfinished)
+        return outcome;
+
+    if (action && action->kind == LaunchAction && !remark)
+        pendingLaunch = action;
+    else if (action)
         note(result, *action, remark ? remark : statusTarget());
     return RunUnfinished;
 }

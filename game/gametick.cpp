@@ -13,29 +13,6 @@
 
 static const int HATCH_SOUND = 25;
 
-bool missionCompleteReached()
-{
-    return mission.rocketsGone == mission.rocketCount;
-}
-
-bool missionFailedReached()
-{
-    return mission.bubblemanLost;
-}
-
-void advanceLevel(bool launchClicked)
-{
-    tickStatus();
-    tickLaunchPanelWith(launchClicked);
-    updateBubblemen();
-    updateExplosions();
-    removeFinishedExplosions();
-    updateFlyingRockets();
-    removeGoneRockets();
-    launchRockets();
-    tickCostLabels();
-}
-
 // Index into MissionState::toolLocked, or -1 for a tool without a lock.
 static int lockIndex(int32_t tool)
 {
@@ -136,15 +113,4 @@ void applyOutOfCreditsRule()
             mission.credits = 0;
     }
     mission.outOfCredits = low;
-}
-
-void applyFrameClicks(const FrameClicks &clicks)
-{
-    applyToolClicks(clicks.leftPressed, clicks.rightPressed, clicks.pointerY);
-    dropHatcherAfterHatching();
-    applyOutOfCreditsRule();
-    if (clicks.toolButton != NoTool)
-        chooseTool(clicks.toolButton);
-    if (clicks.hatchPods)
-        pressHatchPods();
 }

@@ -1,22 +1,9 @@
-// The game update of a level in play without any drawing: the steps of the
-// logic tick that move the level, and the rules of the frame's clicks on the
-// level, the toolbar and the "Hatch Pods" button. The game screen calls them
-// in its fixed order; the headless driver calls the very same functions.
+// The rules of the toolbar and the "Hatch Pods" button, and the frame's rules
+// after a click on the level. The game screen calls them in its fixed order
+// (game/gamescreen.cpp).
 #pragma once
 
 #include <cstdint>
-
-// The end-of-level tests of the tick, made before anything moves: every
-// rocket has left the level; a bubbleman has been lost.
-bool missionCompleteReached();
-bool missionFailedReached();
-
-// The tick's steps from the status line on: the status line, the launch
-// panel, the bubblemen, the explosions, the flying rockets, the launch and
-// the cost labels. `launchClicked` is the Launch button's click of this tick:
-// the game passes updateLaunchButton(), which touches nothing else the steps
-// read, so updating the button first keeps the game's order.
-void advanceLevel(bool launchClicked);
 
 // Lock flags belong to the lockable tools only; the hatcher has none.
 bool toolIsLocked(int32_t tool);
@@ -33,16 +20,3 @@ void pressHatchPods();
 // after hatching is put down, and without credits no tool stays in hand.
 void dropHatcherAfterHatching();
 void applyOutOfCreditsRule();
-
-// What the player did with the mouse in one frame of play.
-struct FrameClicks {
-    bool leftPressed, rightPressed;     // press edges of the buttons
-    float pointerY;                     // screen y, upwards
-    int32_t toolButton;                 // the toolbar button clicked, NoTool for none
-    bool hatchPods;                     // "Hatch Pods" clicked
-};
-
-// The frame's clicks in the game screen's order: the tool on the cursor
-// cell, the hatcher put down, the out-of-credits rule, then the toolbar and
-// "Hatch Pods". (Scrolling, drawing and the "Menu" button are the screen's.)
-void applyFrameClicks(const FrameClicks &clicks);

@@ -3,6 +3,7 @@
 // the attempt before it.
 #include "game/mission.h"
 
+#include "game/gamescreen.h"
 #include "sim/entities.h"
 #include "world/level.h"
 
@@ -14,4 +15,7 @@ void resetMission()
     mission = MissionState();
     clearEntityLists();
     currentTool = NoTool;
+    // A solution counts from the load; a retry is a new run to record.
+    levelTick = 0;
+    playRecord.clear();
 }

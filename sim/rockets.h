@@ -44,7 +44,7 @@ bool updateLaunchButton();
 // The panel's step with the Launch button updated from the pointer first.
 void tickLaunchPanel();
 // The same step with the button's click already known: the game tick's own
-// order (see advanceLevel) and the headless driver, which has no pointer.
+// order (gameTick, which records the click for a solution).
 void tickLaunchPanelWith(bool launchClicked);
 // Where the panel stands for its current offset, with its button beside it
 // while the panel shows; the first step of drawing it.

@@ -180,9 +180,14 @@ bool toolFitsCell(int32_t tool, int x, int y)
     }
 }
 
+bool pointerInPlayBand(float pointerY)
+{
+    return pointerY > PLAY_BAND_BOTTOM && pointerY < PLAY_BAND_TOP;
+}
+
 void applyToolClicks(bool leftPressed, bool rightPressed, float pointerY)
 {
-    if (!(pointerY > PLAY_BAND_BOTTOM && pointerY < PLAY_BAND_TOP) || currentTool == NoTool)
+    if (!pointerInPlayBand(pointerY) || currentTool == NoTool)
         return;
     if (leftPressed)
         useToolOnCell(currentTool, currentLevel.cursorX, currentLevel.cursorY);

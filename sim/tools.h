@@ -14,6 +14,11 @@ void useToolOnCell(int32_t tool, int x, int y);
 // test behind the preview drawn at the cursor cell.
 bool toolFitsCell(int32_t tool, int x, int y);
 
+// Whether the pointer's y lies in the band between the two display panels
+// (strictly between 40 and 352), where clicks reach the level rather than
+// the panels; the editor's paint step shares the band.
+bool pointerInPlayBand(float pointerY);
+
 // The clicks of one frame on the level, for the current tool and the level's
 // cursor cell. Clicks outside the band between the two display panels
 // (pointerY not strictly between 40 and 352) are the panels' own.

@@ -5,7 +5,7 @@
 #include "game/mission.h"
 #include "game/status.h"
 #include "sim/bubblemen.h"
-#include "sim/driver.h"
+#include "game/driver.h"
 #include "world/level.h"
 
 #include <gtest/gtest.h>

@@ -44,9 +44,10 @@ TEST(SimDriver, WinsWithEveryoneAboardAndLosesOnOneDeath)
     EXPECT_EQ(won.outcome, RunWon) << describeRun(won);
     EXPECT_EQ(won.savedCount, 1);
     EXPECT_EQ(won.credits, 2000 - 1800 + 500);
-    // Launched at step 600; the rocket climbs from y 208 to -200.
-    EXPECT_EQ(won.ticks, 600 + 204 + 1);
-    EXPECT_EQ(describeRun(won), "won after 805 ticks with 700 credits left");
+    // Pressed at step 600, heard by the tick of step 601; the rocket climbs
+    // from y 208 to -200.
+    EXPECT_EQ(won.ticks, 601 + 204 + 1);
+    EXPECT_EQ(describeRun(won), "won after 806 ticks with 700 credits left");
 
     // Two pods: one walks into the rocket, the other off a ledge onto spikes.
     //           x: 0123456789
@@ -77,7 +78,9 @@ TEST(SimDriver, RunsRepeatExactly)
     level[1] = "B.X....######B";
     level[2] = "B.XX...######B";
     std::string solution = liftSolution;
-    solution.replace(solution.find("600 launch"), 0, "300 dynamite 3 9\n");
+    // Put down before the launch: the Launch button lies over the level, and
+    // a press on it with dynamite in hand would blast the cell beneath.
+    solution.replace(solution.find("600 launch"), 0, "300 dynamite 3 9\n302 cancel\n");
     RunResult first, second;
     for (RunResult *result : {&first, &second}) {
         loadLevel(level, 3000);

@@ -176,8 +176,9 @@ TEST(SimExplosions, RocketsSmashEverythingAboveThemOnTheWayOut)
     ASSERT_EQ(result.notes.size(), 1u);
     EXPECT_EQ(result.notes[0].text, "Launching All Rockets!");
     EXPECT_EQ(result.outcome, RunWon);
-    // Launched at the end of tick 15; from y 272 two pixels a tick up to -200.
-    EXPECT_EQ(result.ticks, 15 + 236 + 1);
+    // Pressed at step 15 and launched in the tick of step 16; from y 272 two
+    // pixels a tick up to -200.
+    EXPECT_EQ(result.ticks, 16 + 236 + 1);
     EXPECT_GT(smashedAt, 15);
     EXPECT_GT(blasts, 0);
     EXPECT_EQ(currentLevel.terrain[5][8], Empty);

@@ -31,8 +31,30 @@ void addCatalogueEntry(const std::string &title, int32_t planet, int32_t mission
                        int32_t campaignLevel, const std::string &path);
 void advanceCampaign();
 
+// The folder of the player's own levels in the game directory ("custom"):
+// the catalogue files every level there into the custom lists, the editor
+// saves into it.
+std::string customLevelFolder();
+
+// Planets the campaign has opened that the player has not clicked yet: the
+// selection screen flashes their squares. Index 0 is planet 1, never set.
+extern uint8_t newPlanetFlag[4];
+// Raised by advanceCampaign when a new mission opens; the selection screen
+// takes it as the news it announces.
+extern bool missionJustUnlocked;
+
+// The planet that campaign mission n lies on (1 to 4), or 0 beyond the last.
+int planetOfMission(int32_t n);
+
+// Custom files beyond these are left out with a log line: a folder of
+// thousands of files, or of huge ones, must not stall the selection screen.
+const int CUSTOM_LEVEL_LIMIT = 500;
+const long CUSTOM_FILE_MAX_BYTES = 1L << 20;
+
 // Reads the level at path into currentLevel and the mission with the loader
 // the mode calls for (campaign levels from the datafile, custom levels from
 // ordinary files). The one rule both the selection screen's start and the
-// pause panel's "Retry" follow.
-void loadLevelAt(const std::string &path);
+// pause panel's "Retry" follow. A custom file that has become unreadable
+// since the catalogue saw it is logged and reported by false; the level in
+// play is then left as it was.
+bool loadLevelAt(const std::string &path);

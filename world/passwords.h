@@ -14,3 +14,7 @@ extern std::string enteredText;
 void buildPasswordTable();
 void showNextPassword();
 void checkPassword();
+
+// Raised by checkPassword on a match: the selection screen restarts the glow
+// of the password it shows.
+extern bool passwordAccepted;

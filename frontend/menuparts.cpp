@@ -1,0 +1,56 @@
+#include "frontend/menuparts.h"
+#include "app/screens.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/text.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+
+void drawMenuBackdrop()
+{
+    resetDrawState();
+    drawBackdrop();
+    drawStars();
+}
+
+void drawPointer()
+{
+    drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
+}
+
+static float pressShift(const Button &b)
+{
+    return visualState(b) == 2 ? 1.0f : 0.0f;
+}
+
+void drawCentredLabel(const Button &b, const char *text, float alpha)
+{
+    float shift = pressShift(b);
+    glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, alpha);
+    drawTextCentred(FontTextures[1], b.x - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+}
+
+void drawOffsetLabel(const Button &b, float dx, const char *text, float alpha)
+{
+    float shift = pressShift(b);
+    glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, alpha);
+    drawText(FontTextures[1], b.x + dx - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+}
+
+void drawSmallCentredLabel(const Button &b, const char *text)
+{
+    float shift = pressShift(b);
+    glColor4f(1, 1, 1, 1);
+    drawTextCentred(FontTextures[2], b.x - shift, b.y - 4 - shift, 256, 128, 8, 8, -2, "%s", text);
+}
+
+void drawSmallCentred(float x, float y, const char *text)
+{
+    drawTextCentred(FontTextures[2], x, y, 256, 128, 8, 8, -2, "%s", text);
+}
+
+void drawMediumCentred(float x, float y, const char *text)
+{
+    drawTextCentred(FontTextures[1], x, y, 256, 128, 12, 12, -2, "%s", text);
+}

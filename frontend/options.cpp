@@ -1,0 +1,143 @@
+// Options: three sliders that act at once, and the video mode and colour
+// depth for the next start. Everything lands in gameconfig.cfg at shut-down.
+
+#include "app/config.h"
+#include "app/screens.h"
+#include "audio/audio.h"
+#include "frontend/frontend.h"
+#include "frontend/layout.h"
+#include "frontend/menuparts.h"
+#include "frontend/screens.h"
+#include "game/camera.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/text.h"
+
+#include <allegro.h>
+#include <alleggl.h>
+
+OptionsState options = {3, 3, 3, 0, 0};
+
+void syncOptionsWithSettings()
+{
+    scrollSpeedSlider.value = settings.scrollSpeed;
+    soundVolumeSlider.value = settings.soundVolume;
+    musicVolumeSlider.value = settings.musicVolume;
+    options.lastScroll = settings.scrollSpeed;
+    options.lastSound = settings.soundVolume;
+    options.lastMusic = settings.musicVolume;
+}
+
+void optionsTick()
+{
+    tickFallingStars();
+    if (options.noticeFlash >= 0.2f)
+        options.noticeRising = 0;
+    if (options.noticeRising)
+        options.noticeFlash += 0.02f;
+    else if (options.noticeFlash > 0)
+        options.noticeFlash -= 0.02f;
+}
+
+// The sliders are written back into the settings as they move, so the
+// configuration written at shut-down holds what the player last chose.
+static void handleSliders()
+{
+    const float px = input.pointerX, py = input.pointerY;
+    updateSlider(scrollSpeedSlider, px, py);
+    if (scrollSpeedSlider.value != options.lastScroll) {
+        options.lastScroll = scrollSpeedSlider.value;
+        settings.scrollSpeed = scrollSpeedSlider.value;
+        InterfaceSoundRequest = 13;
+    }
+    updateSlider(soundVolumeSlider, px, py);
+    if (soundVolumeSlider.value != options.lastSound) {
+        settings.soundVolume = soundVolumeSlider.value;
+        setSoundLevel(soundVolumeSlider.value);
+        InterfaceSoundRequest = 13;
+        options.lastSound = soundVolumeSlider.value;
+    }
+    updateSlider(musicVolumeSlider, px, py);
+    if (musicVolumeSlider.value != options.lastMusic) {
+        settings.musicVolume = musicVolumeSlider.value;
+        setMusicLevel(musicVolumeSlider.value);
+        InterfaceSoundRequest = 13;
+        options.lastMusic = musicVolumeSlider.value;
+    }
+}
+
+static void handleButtons()
+{
+    const float px = input.pointerX, py = input.pointerY;
+    Button *buttons[] = {&optionsReturnButton, &color32Button, &color16Button, &windowedModeButton,
+                         &fullscreenModeButton};
+    for (Button *b : buttons)
+        updateButton(*b, px, py);
+    if (wasClicked(optionsReturnButton))
+        startTransition(Options, MainMenu, StarfieldKeep);
+    if (wasClicked(color32Button)) {
+        settings.colorDepth32 = 1;
+        options.noticeRising = 1;
+    }
+    if (wasClicked(color16Button)) {
+        settings.colorDepth32 = 0;
+        options.noticeRising = 1;
+    }
+    if (wasClicked(windowedModeButton)) {
+        settings.fullscreen = 0;
+        options.noticeRising = 1;
+    }
+    if (wasClicked(fullscreenModeButton)) {
+        settings.fullscreen = 1;
+        options.noticeRising = 1;
+    }
+}
+
+struct LabelledButton {
+    Button *button;
+    float dx;
+    const char *label;
+};
+
+void optionsFrame()
+{
+    drawMenuBackdrop();
+    drawTexture(320, 360, SpriteTextures[12], 1, 1, 1, 1);
+    drawTexture(320, 140, SpriteTextures[12], 1, 1, 1, 1);
+    drawTexture(320, 450, SpriteTextures[18], 1, 1, 1, 1);
+    drawTexture(320, 350, SpriteTextures[18], 1, 1, 1, 1);
+    drawTexture(164, 360, SpriteTextures[19], 1, 1, 1, 1);
+    drawTexture(476, 142, SpriteTextures[20], 1, 1, 1, 1);
+
+    drawSlider(scrollSpeedSlider);
+    drawSlider(musicVolumeSlider);
+    drawSlider(soundVolumeSlider);
+
+    static const LabelledButton buttons[] = {
+        {&optionsReturnButton, -73, "Return To Menu"}, {&color32Button, -62, "32-Bit Color"},
+        {&color16Button, -62, "16-Bit Color"},         {&windowedModeButton, -68, "Windowed Mode"},
+        {&fullscreenModeButton, -77, "Fullscreen Mode"},
+    };
+    for (const LabelledButton &b : buttons) {
+        drawButton(*b.button);
+        drawOffsetLabel(*b.button, b.dx, b.label);
+    }
+
+    glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
+    if (settings.fullscreen)
+        drawText(FontTextures[1], 269, 444, 256, 128, 12, 12, -2, "Fullscreen");
+    else
+        drawText(FontTextures[1], 279, 444, 256, 128, 12, 12, -2, "Windowed");
+    drawText(FontTextures[1], 279, 344, 256, 128, 12, 12, -2, settings.colorDepth32 ? "32 - Bit" : "16 - Bit");
+
+    float notice = 0.8f + options.noticeFlash;
+    glColor4f(notice, notice, notice, 1);
+    drawText(FontTextures[2], 68, 10, 256, 128, 8, 8, -2,
+             "Delvemoor Will Need To Be Restarted For New Video Settings To Take Effect");
+    drawPointer();
+
+    if (currentScreen == Options) {
+        handleSliders();
+        handleButtons();
+    }
+}

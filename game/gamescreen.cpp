@@ -1,0 +1,297 @@
+// The level in play. The order of a tick and the order of a frame's clicks
+// are written here once; the headless driver runs these same functions, so a
+// level proven by levelcheck is proven through what a player's mouse reaches.
+#include "game/gamescreen.h"
+
+#include "app/log.h"
+#include "app/screens.h"
+#include "frontend/layout.h"
+#include "frontend/screens.h"
+#include "game/camera.h"
+#include "game/driver.h"
+#include "game/gametick.h"
+#include "game/levelview.h"
+#include "game/mission.h"
+#include "game/status.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/text.h"
+#include "sim/bubblemen.h"
+#include "sim/costlabels.h"
+#include "sim/explosions.h"
+#include "sim/rockets.h"
+#include "sim/tools.h"
+#include "world/level.h"
+
+#include <GL/gl.h>
+#include <ostream>
+
+IntroBanner introBanner = {false, 0, 0, 0, false, 0, 1, 0};
+int32_t levelTick = 0;
+uint32_t levelReturnScreen = GameSelect;
+std::vector<PlayAction> playRecord;
+bool recordingPlay = false;
+
+static const float BANNER_MIDDLE_Y = 218;
+static const float BANNER_OPEN_HALF_HEIGHT = 15;
+
+void armLevelBanner()
+{
+    introBanner = IntroBanner{true, 30, 0, 80, false, 0, 0, 120};
+}
+
+void stepIntroBanner()
+{
+    IntroBanner &b = introBanner;
+    if (b.tutorialDelay > 0)
+        b.tutorialDelay--;
+    else if (b.tutorialAlpha < 1.0f)
+        b.tutorialAlpha += 0.1f;
+    if (b.delay > 0) {
+        b.delay--;
+        return;
+    }
+    if (!b.active)
+        return;
+    if (!b.closing) {
+        if (b.halfHeight < BANNER_OPEN_HALF_HEIGHT) {
+            b.halfHeight += 1;
+            b.textAlpha += 0.07f;
+        } else {
+            b.closing = true;
+            b.textAlpha = 1.0f;
+        }
+    }
+    if (b.closing)
+        b.hold -= 1;
+    if (b.hold <= 15) {
+        b.halfHeight = b.hold;
+        b.textAlpha = 0;
+        if (b.hold < 0)
+            b.active = false;
+    }
+}
+
+static void record(int32_t step, int32_t kind, int32_t tool = 0, int32_t x = 0, int32_t y = 0)
+{
+    if (recordingPlay)
+        playRecord.push_back(PlayAction{step, kind, tool, x, y});
+}
+
+void gameTick()
+{
+    levelTick++;
+    stepIntroBanner();
+    // The level also ticks under the fade that brings it in; its screen
+    // changes wait until the fade is over, since a fade abandoned half way
+    // would leave the panels' buttons dead under a veil.
+    const bool onScreen = currentScreen == Playing;
+    if (onScreen && mission.rocketsGone == mission.rocketCount)
+        setScreen(MissionComplete);
+    tickDriftingStars();
+    if (onScreen && mission.bubblemanLost)
+        setScreen(MissionFailed);
+    tickDriftingStars();
+    if (onScreen && input.escape)
+        setScreen(Paused);
+    tickStatus();
+    const bool launchClicked = updateLaunchButton();
+    // The button reports its click on the tick after the press, and a script
+    // names the step of the press.
+    if (launchClicked)
+        record(levelTick - 1, ActLaunch);
+    tickLaunchPanelWith(launchClicked);
+    updateBubblemen();
+    updateExplosions();
+    removeFinishedExplosions();
+    updateFlyingRockets();
+    removeGoneRockets();
+    launchRockets();
+    tickCostLabels();
+}
+
+void gameUpdate()
+{
+    gameTick();
+}
+
+// ---------------------------------------------------------------------------
+// The frame
+
+static const float LABEL_GREY = 0.9f;
+
+static void drawLabel(const Button &b, float dx, float dy, const char *text)
+{
+    const float shift = visualState(b) == 2 ? 1 : 0;
+    resetDrawState();
+    glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
+    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", text);
+}
+
+static void drawToolbar()
+{
+    for (int i = 0; i < TOOL_BUTTON_COUNT; i++) {
+        const Button &b = toolButtons[i];
+        const int32_t tool = i + 1;
+        drawButton(b);
+        if (toolIsLocked(tool))
+            continue;
+        const int state = visualState(b);
+        // The hatcher's picture stops moving once there is nothing left to hatch.
+        const bool animated = state != 0 && !(tool == Hatcher && mission.hatched);
+        if (animated && state == 2)
+            drawStructure(b.x - 1, b.y + 4 - 1, tool - 1, 1, 1, 1, 1);
+        else if (animated)
+            drawStructure(b.x, b.y + 4, tool - 1, 1, 1, 1, 1);
+        else
+            drawStructureIcon(b.x, b.y + 4, tool - 1, 1, 1, 1, 1);
+        resetDrawState();
+        glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
+        drawText(FontTextures[1], b.x - 16, b.y - 24, 256, 128, 12, 12, -2, "%d", toolCost(tool));
+    }
+    drawButton(hatchPodsButton);
+    drawLabel(hatchPodsButton, -52, -5, "Hatch Pods");
+    drawButton(gameMenuButton);
+    drawLabel(gameMenuButton, -24, -5, "Menu");
+}
+
+static void drawBanner()
+{
+    const IntroBanner &b = introBanner;
+    if (!b.active)
+        return;
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    drawRect(0, BANNER_MIDDLE_Y - b.halfHeight, SCREEN_WIDTH, BANNER_MIDDLE_Y + b.halfHeight, 0.5f, 0.5f, 0.5f,
+             0.4f);
+    resetDrawState();
+    glColor4f(1, 1, 1, b.textAlpha);
+    drawTextCentred(FontTextures[0], 320, 210, 256, 128, 16, 16, -2, "%s", currentLevel.title.c_str());
+}
+
+static void drawDisplay()
+{
+    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
+    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
+    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
+    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+    resetDrawState();
+    glColor4f(1, 1, 0, 1);
+    drawText(FontTextures[0], 34, 8, 256, 128, 16, 16, -2, "%d", mission.credits);
+    glColor4f(0, 1, 0, 1);
+    drawText(FontTextures[0], 217, 8, 256, 128, 16, 16, -2, "%d", mission.podsWithoutHatcher);
+}
+
+// The clicks on the level, with the tool in hand, as the player's mouse
+// makes them; the pointer is drawn over everything else.
+static void applyTool(bool drawing)
+{
+    edgeScroll();
+    if (pointerInPlayBand(input.pointerY) && currentTool != NoTool) {
+        if (input.leftPressed)
+            record(levelTick, ActClick, 0, currentLevel.cursorX, currentLevel.cursorY);
+        if (input.rightPressed)
+            record(levelTick, ActCancel);
+    }
+    applyToolClicks(input.leftPressed, input.rightPressed, input.pointerY);
+    if (drawing)
+        drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
+}
+
+void handleGameButtons()
+{
+    const float px = input.pointerX, py = input.pointerY;
+    for (int i = 0; i < TOOL_BUTTON_COUNT; i++)
+        if (!toolIsLocked(i + 1))
+            updateButton(toolButtons[i], px, py);
+    updateButton(hatchPodsButton, px, py);
+    updateButton(gameMenuButton, px, py);
+
+    for (int i = 0; i < TOOL_BUTTON_COUNT; i++) {
+        const int32_t tool = i + 1;
+        // A button left clicked in a level where its tool was free keeps its
+        // flag; here, locked, it is never updated and must not be heard.
+        if (toolIsLocked(tool) || !wasClicked(toolButtons[i]))
+            continue;
+        record(levelTick, ActTool, tool);
+        chooseTool(tool);
+    }
+    if (wasClicked(hatchPodsButton)) {
+        record(levelTick, ActHatch);
+        pressHatchPods();
+    }
+    if (wasClicked(gameMenuButton))
+        setScreen(Paused);
+}
+
+// The one order of a game-screen frame. Drawing never changes the level, so
+// the frame without drawing keeps every step that does, in the same place.
+static void gameFrame(bool drawing)
+{
+    clampCamera();
+    pickCursorCell();
+    if (drawing) {
+        drawLevelView(currentScreen);
+        drawExplosions();
+        drawFlyingRockets();
+        drawBubblemen();
+        resetDrawState();
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        drawStatus();
+        drawLaunchPanel();
+        drawBanner();
+        drawDisplay();
+        drawToolbar();
+        drawCostLabels();
+    } else {
+        levelViewUpkeep();
+        placeLaunchPanel();
+    }
+    if (currentScreen != Playing)
+        return;
+    applyTool(drawing);
+    dropHatcherAfterHatching();
+    applyOutOfCreditsRule();
+    handleGameButtons();
+}
+
+void drawGameScreen()
+{
+    gameFrame(true);
+}
+
+void runGameFrameWithoutDrawing()
+{
+    gameFrame(false);
+}
+
+void gameScreenFrame()
+{
+    drawGameScreen();
+}
+
+// ---------------------------------------------------------------------------
+// Leaving, and the record of play
+
+void leaveLevel(uint32_t from)
+{
+    startTransition(from, levelReturnScreen, StarfieldMenu);
+    logLine("Exiting level...");
+}
+
+void writePlayRecord(std::ostream &out)
+{
+    int32_t last = 0;
+    for (const PlayAction &a : playRecord) {
+        const int32_t step = a.step > last ? a.step : last + 1;
+        last = step;
+        out << step << ' ';
+        switch (a.kind) {
+        case ActTool: out << "tool " << toolName(a.tool); break;
+        case ActClick: out << "click " << a.x << ' ' << a.y; break;
+        case ActCancel: out << "cancel"; break;
+        case ActHatch: out << "hatch"; break;
+        default: out << "launch"; break;
+        }
+        out << '\n';
+    }
+}

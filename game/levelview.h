@@ -1,0 +1,19 @@
+// The level view: what the game screen and the level editor show between the
+// display panels. Both draw it through drawLevelView so the level always
+// looks the same wherever it is seen; the camera functions are in camera.h.
+#pragma once
+
+#include <cstdint>
+
+// Backdrop with its stars, the tutorial panel, the normalised terrain with
+// its edges, the structures and, by `screen`: in Playing the preview of the
+// tool in hand at the cursor cell (white where it would fit, pulsing red
+// where not); in LevelEditor the editor's highlight on the cursor cell.
+// Entities (explosions, rockets, bubblemen) are the caller's to draw on top.
+void drawLevelView(uint32_t screen);
+
+// The per-frame upkeep of the view without drawing: the pod count and the
+// normalisation of the grid. The headless driver runs it where the view
+// would be drawn.
+void levelViewUpkeep();
+

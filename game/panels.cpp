@@ -1,0 +1,106 @@
+// The pause and mission-end panels lie over the frozen level: the game
+// screen draws underneath, its tick does not run, and only the panel's own
+// buttons listen. None of them acts while a fade is running.
+#include "app/log.h"
+#include "app/screens.h"
+#include "frontend/layout.h"
+#include "frontend/screens.h"
+#include "game/gamescreen.h"
+#include "game/mission.h"
+#include "game/status.h"
+#include "render/draw.h"
+#include "render/text.h"
+#include "world/catalogue.h"
+#include "world/passwords.h"
+
+#include <GL/gl.h>
+
+static void reloadFromSelection()
+{
+    loadLevelAt(missionList.currentPath);
+}
+
+void (*reloadLevelForRetry)() = reloadFromSelection;
+
+static void dimLevel()
+{
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, 0.5f);
+}
+
+static void drawPanelButton(const Button &b, float dx, float dy, const char *label)
+{
+    drawButton(b);
+    const float shift = visualState(b) == 2 ? 1 : 0;
+    resetDrawState();
+    glColor4f(0.9f, 0.9f, 0.9f, 1);
+    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", label);
+}
+
+static void drawPointer()
+{
+    drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
+}
+
+static bool fadeRunning()
+{
+    return transition.alpha != 0;
+}
+
+void pausePanelFrame()
+{
+    dimLevel();
+    drawTexture(320, 220, SpriteTextures[3], 1, 1, 1, 1);
+    const float px = input.pointerX, py = input.pointerY;
+    updateButton(pauseResumeButton, px, py);
+    updateButton(pauseRetryButton, px, py);
+    updateButton(pauseExitButton, px, py);
+    if (!fadeRunning()) {
+        if (wasClicked(pauseResumeButton)) {
+            setScreen(Playing);
+        } else if (wasClicked(pauseRetryButton)) {
+            // A fresh copy of the level under the same view; the banner has
+            // been seen already.
+            resetMission();
+            reloadLevelForRetry();
+            setScreen(Playing);
+            setStatus(StatusMissionRestarted);
+        } else if (wasClicked(pauseExitButton)) {
+            leaveLevel(Paused);
+        }
+    }
+    drawPanelButton(pauseResumeButton, -46, -6, "Resume");
+    drawPanelButton(pauseRetryButton, -46, -6, "Retry");
+    drawPanelButton(pauseExitButton, -46, -6, "Exit");
+    drawPointer();
+}
+
+void missionFailedPanelFrame()
+{
+    dimLevel();
+    drawTexture(320, 230, SpriteTextures[33], 1, 1, 1, 1);
+    updateButton(missionContinueButton, input.pointerX, input.pointerY);
+    // Losing changes nothing in the campaign.
+    if (!fadeRunning() && wasClicked(missionContinueButton))
+        leaveLevel(MissionFailed);
+    drawPanelButton(missionContinueButton, -40, -6, "Continue");
+    drawPointer();
+}
+
+void missionCompletePanelFrame()
+{
+    dimLevel();
+    drawTexture(320, 230, SpriteTextures[17], 1, 1, 1, 1);
+    // A level tried out from the editor is no mission of the campaign.
+    const bool fromSelection = levelReturnScreen == GameSelect;
+    if (fromSelection)
+        showNextPassword();
+    updateButton(missionContinueButton, input.pointerX, input.pointerY);
+    if (!fadeRunning() && wasClicked(missionContinueButton)) {
+        if (fromSelection)
+            advanceCampaign();
+        leaveLevel(MissionComplete);
+    }
+    drawPanelButton(missionContinueButton, -40, -6, "Continue");
+    drawPointer();
+}
