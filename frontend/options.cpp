@@ -45,6 +45,7 @@ static void handleSliders()
 {
     const float px = input.pointerX, py = input.pointerY;
     updateSlider(scrollSpeedSlider, px, py);
+    scrollSpeed = (float)(scrollSpeedSlider.value * 40);
     if (scrollSpeedSlider.value != options.lastScroll) {
         options.lastScroll = scrollSpeedSlider.value;
         settings.scrollSpeed = scrollSpeedSlider.value;

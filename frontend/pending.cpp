@@ -8,14 +8,6 @@
 #include "world/catalogue.h"
 #include "world/passwords.h"
 
-void armLevelBanner() {}
-std::vector<PlayAction> playRecord;
-bool recordingPlay = false;
 
-void gameUpdate() {}
-void gameScreenFrame() {}
 void editorTick() {}
 void editorFrame() {}
-void pausePanelFrame() {}
-void missionCompletePanelFrame() {}
-void missionFailedPanelFrame() {}
