@@ -107,6 +107,11 @@ def parse_map(path):
                 raise MapError("%s: border '#' inside the level at (%d, %d)" % (path, x, y))
             if y < SKY_ROWS and not ring and grid[x][y] not in SKY_KEEP | {0}:
                 raise MapError("%s: row %d is sky; (%d, %d) would be cleared" % (path, y, x, y))
+    # The ring's '#' runs up the sides for the eye; in the sky the game clears
+    # it on loading, so the level file holds the cleared sky already.
+    for x in (0, width - 1):
+        for y in range(SKY_ROWS):
+            grid[x][y] = 0
     locks = [] if head["locks"].lower() == "none" else head["locks"].lower().split()
     for tool in locks:
         if tool not in TOOLS:

@@ -40,7 +40,7 @@ MANIFEST_HEADER = (
     "# path\tkind\twidth\theight\talpha\trole\n"
     "# Pictures: width and height in pixels; alpha is clear (has see-through\n"
     "# pixels), solid (opaque) or soft (translucent all over). Sounds: width is\n"
-    "# the length in samples, height the sample rate. Levels: size in cells.\n")
+    "# the length in samples, height the sample rate. Levels: by name only.\n")
 
 
 def manifest_text(reg):

@@ -195,28 +195,29 @@ def parse(text):
 
 
 def generate(reg):
+    # The manifest names each level and nothing more: the missions are
+    # designed and redesigned in levels/maps while the art stays put, and
+    # their own record is levels/CAMPAIGN.md.
     hand = getattr(reg, "levels_dir", None)
     for name in level_names():
         planet, mission = int(name[1]), int(name[3:5])
+        role = "campaign level %s" % name
         map_path = os.path.join(hand, "maps", name + ".map") if hand else None
         if map_path and os.path.isfile(map_path):
             try:
                 level = levelmaps.parse_map(map_path)
             except levelmaps.MapError as e:
                 raise SystemExit("gen_assets: %s" % e)
-            reg.level(name, levelmaps.level_text(level).encode("ascii"), level["width"],
-                      level["height"], "level %s, planet %d: %s (designed)" % (name, planet, level["title"]))
+            reg.level(name, levelmaps.level_text(level).encode("ascii"), 0, 0, role)
             continue
         path = os.path.join(hand, name + ".LEV") if hand else None
         if path and os.path.isfile(path):
             data = open(path, "rb").read()
             try:
-                title, p, w, h = parse(data.decode("latin-1"))
+                parse(data.decode("latin-1"))
             except ValueError as e:
                 raise SystemExit("gen_assets: %s: %s" % (path, e))
-            reg.level(name, data, w, h, "level %s, planet %d: %s (hand-made)" % (name, p, title))
+            reg.level(name, data, 0, 0, role)
             continue
         g = make_level(planet, mission)
-        text = level_text(planet, mission, g)
-        reg.level(name, text.encode("ascii"), W, H, "level %s, planet %d: %s (placeholder)" % (
-            name, planet, TITLES[planet][mission - 1]))
+        reg.level(name, level_text(planet, mission, g).encode("ascii"), 0, 0, role)
