@@ -7,6 +7,7 @@
 #include "frontend/layout.h"
 #include "frontend/menuparts.h"
 #include "frontend/screens.h"
+#include "frontend/textentry.h"
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/text.h"
@@ -49,28 +50,7 @@ void typePasswordKey(int key)
         cursorPos++;
         return;
     }
-    switch (scancode) {
-    case KEY_LEFT:
-        if (cursorPos > 0)
-            cursorPos--;
-        break;
-    case KEY_RIGHT:
-        if (cursorPos < (int32_t)enteredText.size())
-            cursorPos++;
-        break;
-    case KEY_BACKSPACE:
-        if (cursorPos > 0) {
-            enteredText.erase(enteredText.begin() + cursorPos - 1);
-            cursorPos--;
-        }
-        break;
-    case KEY_DEL:
-        if (cursorPos < (int32_t)enteredText.size())
-            enteredText.erase(enteredText.begin() + cursorPos);
-        break;
-    default:
-        break;
-    }
+    editLineKey(enteredText, cursorPos, scancode);
 }
 
 // Keys pressed before the panel opened must not turn up in it. At most a

@@ -9,5 +9,3 @@
 #include "world/passwords.h"
 
 
-void editorTick() {}
-void editorFrame() {}

@@ -1,0 +1,748 @@
+// The level editor's screen. The level fills the view between the panels as
+// it does in play; the palette stands where the game's toolbar stands, so a
+// player who knows the game knows where to reach. Everything that could lose
+// the player's work (a new level, another level, leaving) goes through one
+// question first.
+#include "editor/editorscreen.h"
+
+#include "app/screens.h"
+#include "editor/editor.h"
+#include "editor/paint.h"
+#include "frontend/frontend.h"
+#include "frontend/layout.h"
+#include "frontend/menuparts.h"
+#include "frontend/screens.h"
+#include "frontend/textentry.h"
+#include "game/camera.h"
+#include "game/levelview.h"
+#include "game/mission.h"
+#include "game/status.h"
+#include "render/draw.h"
+#include "render/stars.h"
+#include "render/text.h"
+
+#include <allegro.h>
+#include <GL/gl.h>
+
+#include <cstdlib>
+
+EditorScreen editorScreen = {};
+
+namespace {
+
+// The paint tools in palette order, with their captions.
+const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
+    "Dirt", "Rocks", "Clear", "Pod", "Rocket", "Diamond", "Credits",
+    "Spikes", "Vortex", "Radioactive", "Explosive", "Items", "Water",
+};
+const int WIDE_PALETTE = 10;
+
+// The nine lockable tools in the order of the level file, with their names on
+// the settings panel; the icon is the tool's own (slot ToolId - 1).
+struct LockRow {
+    int32_t tool;
+    const char *name;
+};
+const LockRow lockRows[LOCKABLE_TOOL_COUNT] = {
+    {Girder, "Girder"},
+    {LeftHangingGirder, "Left Hanging Girder"},
+    {RightHangingGirder, "Right Hanging Girder"},
+    {EnergyLift, "Energy Lift"},
+    {LeftLiftExit, "Left Lift Exit"},
+    {RightLiftExit, "Right Lift Exit"},
+    {Blocker, "Blocker"},
+    {Shovel, "Shovel"},
+    {Dynamite, "Dynamite"},
+};
+
+const char *const menuCaptions[5] = {"New Level", "Open Level", "Save Level", "Settings", "Main Menu"};
+
+// Typed fields: where they stand on the settings panel and what they take.
+struct FieldBox {
+    const char *label;
+    float x0, y0, x1, y1;       // the box, y-up
+    size_t maxChars;
+    bool digitsOnly;
+};
+const FieldBox fieldBoxes[SETTINGS_FIELD_COUNT] = {
+    {"Title", 200, 396, 600, 416, MAX_TITLE_CHARS, false},
+    {"Width", 520, 290, 600, 310, 3, true},
+    {"Height", 520, 250, 600, 270, 3, true},
+    {"Credits", 520, 210, 600, 230, 6, true},
+};
+
+// Settings panel buttons, clear of the lock column and the planet grid.
+Button &settingsOkButton = editorPanelButtons[0];       // (406, 160)
+Button &settingsCancelButton = editorPanelButtons[2];   // (406, 86)
+// The question's three answers.
+Button &questionSaveButton = editorPanelButtons[4];     // (320, 176)
+Button &questionDiscardButton = editorPanelButtons[3];  // (406, 86)
+Button &questionCancelButton = editorPanelButtons[1];   // (166, 86)
+// The buttons under the level.
+Button &undoButton = editorBottomPairButtons[0];
+Button &redoButton = editorBottomPairButtons[1];
+Button &testPlayButton = editorCentreButton;
+Button &menuButton = editorTopRightButton;
+// The open panel: a row button per level, pages, the list's source, back.
+Button &previousPageButton = editorBottomPairButtons[0];
+Button &nextPageButton = editorBottomPairButtons[1];
+Button &sourceButton = editorTopRightButton;
+Button &openBackButton = editorCentreButton;
+Button &menuBackButton = editorBottomCentreButton;
+
+// A planet button of the 2 x 2 grid, laid out as the selection screen's:
+// 1 and 4 on the top row, 2 and 3 below.
+Button &planetButton(int32_t planet)
+{
+    static const int gridIndex[4] = {0, 1, 3, 2};
+    // Grid order (390,260) (320,220) (320,260) (390,220): planet 1 top right,
+    // 2 bottom left, 3 bottom right, 4 top left.
+    return editorGridButtons[gridIndex[planet - 1]];
+}
+
+TextureId planetGlobe(int32_t planet)
+{
+    switch (planet) {
+    case 1: return Planet1Textures[0];
+    case 2: return Planet2Textures[0];
+    case 3: return Planet3Textures[0];
+    default: return Planet4Textures[0];
+    }
+}
+
+bool interactive()
+{
+    return currentScreen == LevelEditor;
+}
+
+bool enteringEditor()
+{
+    // The logic and frame of the screen a fade leads to run only once it
+    // has passed its darkest point.
+    return currentScreen == LevelEditor || (currentScreen == Transition && transition.to == LevelEditor);
+}
+
+void ensureSession()
+{
+    if ((editorScreen.sessionOpen && !testPlayRunning()) || !enteringEditor())
+        return;
+    openEditorSession();
+    editorScreen.sessionOpen = true;
+    editorScreen.entryMessage = statusTarget();
+    editorScreen.panel = NoPanel;
+    editorScreen.escapeWasDown = true;     // the Escape that brought us here is not ours
+    clearTypedKeys();
+}
+
+void leaveEditor()
+{
+    closeEditorSession();
+    editorScreen.sessionOpen = false;
+    editorScreen.panel = NoPanel;
+    startTransition(LevelEditor, MainMenu, StarfieldMenu);
+}
+
+void carryOut(int32_t action)
+{
+    editorScreen.panel = NoPanel;
+    switch (action) {
+    case NewLevelAction: openSettingsPanel(true); break;
+    case OpenLevelAction: openOpenPanel(); break;
+    case LeaveEditorAction: leaveEditor(); break;
+    default: break;
+    }
+}
+
+std::string numberText(int32_t value)
+{
+    return std::to_string(value);
+}
+
+// The line editor of the game's text entry, with the rules of the field:
+// printable characters of the font (digits only for numbers) up to its
+// length, Left, Right, Backspace and Delete.
+void typeIntoField(int32_t field, int key)
+{
+    std::string &text = editorScreen.fields[field];
+    int32_t &cursor = editorScreen.cursor[field];
+    const FieldBox &box = fieldBoxes[field];
+    const int c = key & 0xff, scancode = key >> 8;
+    int column, row;
+    const bool printable = c >= 0x20 && c < 0x7f && fontCell((unsigned char)c, &column, &row);
+    if (printable && (!box.digitsOnly || (c >= '0' && c <= '9'))) {
+        if (text.size() < box.maxChars) {
+            text.insert(text.begin() + cursor, (char)c);
+            cursor++;
+        }
+        return;
+    }
+    if (editLineKey(text, cursor, scancode))
+        return;
+    switch (scancode) {
+    case KEY_HOME:
+        cursor = 0;
+        break;
+    case KEY_END:
+        cursor = (int32_t)text.size();
+        break;
+    default:
+        break;
+    }
+}
+
+void focusField(int32_t field)
+{
+    editorScreen.focus = field;
+    editorScreen.cursor[field] = (int32_t)editorScreen.fields[field].size();
+}
+
+void readSettingsFields(LevelSettings &s)
+{
+    // The fields hold digits only, at most six: atoi cannot overflow.
+    s.title = editorScreen.fields[TitleField];
+    s.width = std::atoi(editorScreen.fields[WidthField].c_str());
+    s.height = std::atoi(editorScreen.fields[HeightField].c_str());
+    s.credits = std::atoi(editorScreen.fields[CreditsField].c_str());
+}
+
+bool pointerIn(float x0, float y0, float x1, float y1)
+{
+    return input.pointerX > x0 && input.pointerX < x1 && input.pointerY > y0 && input.pointerY < y1;
+}
+
+// ---------------------------------------------------------------------------
+// Drawing pieces
+
+void setColour(float r, float g, float b, float a)
+{
+    glColor4f(r, g, b, a);
+}
+
+void drawSmallText(float x, float y, const char *text)
+{
+    drawText(FontTextures[2], x, y, 256, 128, 8, 8, -2, "%s", text);
+}
+
+void drawMediumText(float x, float y, const char *text)
+{
+    drawText(FontTextures[1], x, y, 256, 128, 12, 12, -2, "%s", text);
+}
+
+void drawOutline(float x0, float y0, float x1, float y1, float r, float g, float b, float a)
+{
+    drawRect(x0, y0, x1, y0 + 2, r, g, b, a);
+    drawRect(x0, y1 - 2, x1, y1, r, g, b, a);
+    drawRect(x0, y0, x0 + 2, y1, r, g, b, a);
+    drawRect(x1 - 2, y0, x1, y1, r, g, b, a);
+}
+
+// A one-cell level that lends the palette the game's own cell pictures.
+void drawCellPicture(int32_t code, float x, float y)
+{
+    static Level swatch;
+    if (swatch.terrain.empty())
+        swatch.terrain.assign(1, std::vector<int32_t>(1, Empty));
+    swatch.planet = currentLevel.planet;
+    swatch.terrain[0][0] = code;
+    drawTerrainCell(swatch, 0, 0, x, y);
+}
+
+void drawPalette()
+{
+    for (int i = 0; i < PAINT_TOOL_COUNT; i++) {
+        const int32_t tool = FIRST_PAINT_TOOL + i;
+        Button &b = paletteButton(tool);
+        const bool chosen = currentTool == tool;
+        if (chosen)
+            drawButtonTinted(b, 0.6f, 1.0f, 0.6f, 1.0f);
+        else
+            drawButton(b);
+        const float shift = visualState(b) == 2 ? 1.0f : 0.0f;
+        if (i < WIDE_PALETTE) {
+            if (tool == ClearTerrain)
+                drawTexture(b.x - shift, b.y + 6 - shift, CursorTextures[1], 1, 1, 1, 0.7f);
+            else
+                drawCellPicture(paletteCode(tool), b.x - shift, b.y + 6 - shift);
+            setColour(1, 1, 1, 1);
+            drawTextCentred(FontTextures[2], b.x - shift, b.y - 24 - shift, 256, 128, 8, 8, -2, "%s",
+                            paletteCaptions[i]);
+        } else {
+            drawCellPicture(paletteCode(tool), b.x - shift, b.y - shift);
+        }
+        if (chosen)
+            drawOutline(b.x - b.width / 2, b.y - b.height / 2, b.x + b.width / 2, b.y + b.height / 2, 0.4f,
+                        1.0f, 0.4f, 1.0f);
+    }
+}
+
+void drawBottomButtons()
+{
+    drawButton(undoButton);
+    drawSmallCentredLabel(undoButton, "<");
+    drawButton(redoButton);
+    drawSmallCentredLabel(redoButton, ">");
+    drawButton(testPlayButton);
+    drawCentredLabel(testPlayButton, "Test Play");
+    drawButton(menuButton);
+    drawCentredLabel(menuButton, "Menu");
+
+    // What a player checks while painting: the pods against the limit, and
+    // whether the painting is on disk.
+    setColour(0.1f, 1.0f, 0.1f, 1.0f);
+    drawText(FontTextures[2], 112, 20, 256, 128, 8, 8, -2, "Pods %d/%d", editorPodCount, EDITOR_POD_LIMIT);
+    setColour(0.9f, 0.9f, 0.9f, 1.0f);
+    drawText(FontTextures[2], 112, 8, 256, 128, 8, 8, -2, "%dx%d", currentLevel.width, currentLevel.height);
+    setColour(1.0f, 1.0f, 0.0f, 1.0f);
+    drawText(FontTextures[2], 428, 20, 256, 128, 8, 8, -2, "%d", editorDoc.credits);
+    if (editorHasUnsavedChanges()) {
+        setColour(1.0f, 0.6f, 0.2f, 1.0f);
+        drawSmallText(428, 8, "Unsaved");
+    }
+    setColour(1, 1, 1, 1);
+}
+
+void dimLevel(float alpha)
+{
+    resetDrawState();
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, alpha);
+}
+
+void drawPanelBox(float x0, float y0, float x1, float y1)
+{
+    drawRect(x0, y0, x1, y1, 0.05f, 0.07f, 0.12f, 0.92f);
+    drawOutline(x0, y0, x1, y1, 0.9f, 0.6f, 0.15f, 1.0f);
+}
+
+// ---------------------------------------------------------------------------
+// The panels: each draws itself and, when the editor is on screen, acts on
+// its buttons.
+
+void menuPanelFrame()
+{
+    dimLevel(0.5f);
+    drawPanelBox(220, 110, 420, 330);
+    setColour(1, 1, 1, 1);
+    drawMediumCentred(320, 304, "Editor");
+    for (int i = 0; i < 5; i++) {
+        drawButton(editorColumnButtons[i]);
+        drawCentredLabel(editorColumnButtons[i], menuCaptions[i]);
+    }
+    drawButton(menuBackButton);
+    drawCentredLabel(menuBackButton, "Back");
+    if (!interactive())
+        return;
+    for (Button &b : editorColumnButtons)
+        updateButton(b, input.pointerX, input.pointerY);
+    updateButton(menuBackButton, input.pointerX, input.pointerY);
+    if (wasClicked(editorColumnButtons[0]))
+        requestEditorAction(NewLevelAction);
+    else if (wasClicked(editorColumnButtons[1]))
+        requestEditorAction(OpenLevelAction);
+    else if (wasClicked(editorColumnButtons[2])) {
+        editorScreen.panel = NoPanel;
+        saveEditorLevel();
+    } else if (wasClicked(editorColumnButtons[3]))
+        openSettingsPanel(false);
+    else if (wasClicked(editorColumnButtons[4]))
+        requestEditorAction(LeaveEditorAction);
+    else if (wasClicked(menuBackButton))
+        editorScreen.panel = NoPanel;
+}
+
+void settingsPanelFrame()
+{
+    LevelSettings &s = editorScreen.settings;
+    dimLevel(0.6f);
+    drawPanelBox(20, 60, 620, 460);
+    setColour(1, 1, 1, 1);
+    drawMediumCentred(320, 436, editorScreen.settingsForNew ? "New Level" : "Level Settings");
+
+    for (int f = 0; f < SETTINGS_FIELD_COUNT; f++) {
+        const FieldBox &box = fieldBoxes[f];
+        const bool focused = editorScreen.focus == f;
+        setColour(1, 1, 1, 1);
+        drawMediumText(box.x0 - 10 * (float)std::string(box.label).size() - 12, box.y0 + 4, box.label);
+        drawRect(box.x0, box.y0, box.x1, box.y1, 0, 0, 0, 0.8f);
+        drawOutline(box.x0, box.y0, box.x1, box.y1, focused ? 1.0f : 0.4f, focused ? 0.75f : 0.4f,
+                    focused ? 0.2f : 0.5f, 1.0f);
+        setColour(0.85f, 0.85f, 0.85f, 1);
+        drawMediumText(box.x0 + 6, box.y0 + 4, editorScreen.fields[f].c_str());
+        // The caret blinks with the shared pulse.
+        if (focused)
+            drawRect(box.x0 + 6 + 10 * editorScreen.cursor[f], box.y0 + 3,
+                     box.x0 + 8 + 10 * editorScreen.cursor[f], box.y1 - 3, 1, 0.75f, 0.2f, pulseA);
+    }
+
+    for (int i = 0; i < LOCKABLE_TOOL_COUNT; i++) {
+        Button &b = editorLeftColumnButtons[i];
+        const bool locked = s.toolLocked[i] != 0;
+        drawButton(b);
+        drawStructureIcon(b.x, b.y, lockRows[i].tool - 1, 1, 1, 1, locked ? 0.25f : 1.0f);
+        if (locked) {
+            drawRect(b.x - 12, b.y - 1, b.x + 12, b.y + 1, 1, 0.2f, 0.2f, 1);
+        }
+        setColour(locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, 1);
+        drawSmallText(b.x + 22, b.y + 1, lockRows[i].name);
+        drawSmallText(b.x + 22, b.y - 9, locked ? "locked" : "offered");
+    }
+
+    setColour(1, 1, 1, 1);
+    drawSmallCentred(355, 300, "Planet");
+    for (int32_t p = 1; p <= 4; p++) {
+        Button &b = planetButton(p);
+        if (s.planet == p)
+            drawButtonTinted(b, 0.6f, 1.0f, 0.6f, 1);
+        else
+            drawButton(b);
+        drawTextureSized((int)b.x, (int)b.y, planetGlobe(p), 1, 1, 1, 1, 44, 44);
+        setColour(1, 1, 1, 1);
+        drawTextCentred(FontTextures[2], b.x + 20, b.y - 28, 256, 128, 8, 8, -2, "%d", p);
+    }
+
+    drawButton(settingsOkButton);
+    drawCentredLabel(settingsOkButton, editorScreen.settingsForNew ? "Create" : "Apply");
+    drawButton(settingsCancelButton);
+    drawCentredLabel(settingsCancelButton, "Cancel");
+    setColour(0.7f, 0.7f, 0.7f, 1);
+    drawSmallText(440, 186, "Width 3-256, height 8-256");
+    drawSmallText(440, 176, editorScreen.settingsForNew ? "" : "A new size keeps the top left");
+
+    if (!interactive())
+        return;
+    if (input.leftPressed)
+        for (int f = 0; f < SETTINGS_FIELD_COUNT; f++) {
+            const FieldBox &box = fieldBoxes[f];
+            if (pointerIn(box.x0, box.y0, box.x1, box.y1))
+                focusField(f);
+        }
+    for (int i = 0; i < LOCKABLE_TOOL_COUNT; i++) {
+        Button &b = editorLeftColumnButtons[i];
+        updateButton(b, input.pointerX, input.pointerY);
+        if (wasClicked(b))
+            s.toolLocked[i] = s.toolLocked[i] ? 0 : 1;
+    }
+    for (int32_t p = 1; p <= 4; p++) {
+        Button &b = planetButton(p);
+        updateButton(b, input.pointerX, input.pointerY);
+        if (wasClicked(b))
+            s.planet = p;
+    }
+    updateButton(settingsOkButton, input.pointerX, input.pointerY);
+    updateButton(settingsCancelButton, input.pointerX, input.pointerY);
+    if (wasClicked(settingsOkButton))
+        confirmSettingsPanel();
+    else if (wasClicked(settingsCancelButton))
+        editorScreen.panel = NoPanel;
+}
+
+void openPanelFrame()
+{
+    dimLevel(0.6f);
+    drawPanelBox(20, 60, 620, 460);
+    setColour(1, 1, 1, 1);
+    drawMediumCentred(320, 430, editorScreen.openCampaign ? "Open a Campaign Mission" : "Open a Custom Level");
+    setColour(0.7f, 0.7f, 0.7f, 1);
+    drawSmallCentred(320, 412, editorScreen.openCampaign
+                                   ? "A mission is a starting point: it is saved as a new custom level"
+                                   : "Your levels in the custom folder");
+
+    const std::vector<CatalogueEntry> &entries = editorScreen.openEntries;
+    const int32_t first = editorScreen.openPage * OPEN_ROWS_PER_PAGE;
+    const int32_t pages = ((int32_t)entries.size() + OPEN_ROWS_PER_PAGE - 1) / OPEN_ROWS_PER_PAGE;
+    if (entries.empty()) {
+        setColour(1, 1, 1, 1);
+        drawMediumCentred(320, 240, "No levels here yet");
+    }
+    for (int i = 0; i < OPEN_ROWS_PER_PAGE && first + i < (int32_t)entries.size(); i++) {
+        const CatalogueEntry &e = entries[first + i];
+        Button &b = editorLeftColumnButtons[i];
+        drawButton(b);
+        setColour(0.9f, 0.9f, 0.9f, 1);
+        drawSmallCentredLabel(b, ">");
+        setColour(0.9f, 0.9f, 0.9f, 1);
+        std::string title = e.title.substr(0, 34);
+        drawMediumText(b.x + 24, b.y - 6, title.c_str());
+        setColour(0.6f, 0.8f, 1.0f, 1);
+        drawText(FontTextures[2], 530, b.y - 4, 256, 128, 8, 8, -2, "Planet %d #%d", e.planet, e.missionNumber);
+    }
+    drawButton(previousPageButton);
+    drawSmallCentredLabel(previousPageButton, "<");
+    drawButton(nextPageButton);
+    drawSmallCentredLabel(nextPageButton, ">");
+    setColour(0.9f, 0.9f, 0.9f, 1);
+    drawTextCentred(FontTextures[2], 320, 36, 256, 128, 8, 8, -2, "Page %d of %d", editorScreen.openPage + 1,
+                    pages > 0 ? pages : 1);
+    drawButton(openBackButton);
+    drawCentredLabel(openBackButton, "Back");
+    drawButton(sourceButton);
+    drawCentredLabel(sourceButton, editorScreen.openCampaign ? "Custom" : "Campaign");
+
+    if (!interactive())
+        return;
+    for (int i = 0; i < OPEN_ROWS_PER_PAGE && first + i < (int32_t)entries.size(); i++) {
+        updateButton(editorLeftColumnButtons[i], input.pointerX, input.pointerY);
+        if (wasClicked(editorLeftColumnButtons[i])) {
+            openListedLevel(first + i);
+            return;
+        }
+    }
+    updateButton(previousPageButton, input.pointerX, input.pointerY);
+    updateButton(nextPageButton, input.pointerX, input.pointerY);
+    updateButton(openBackButton, input.pointerX, input.pointerY);
+    updateButton(sourceButton, input.pointerX, input.pointerY);
+    if (wasClicked(previousPageButton) && editorScreen.openPage > 0)
+        editorScreen.openPage--;
+    else if (wasClicked(nextPageButton) && editorScreen.openPage + 1 < pages)
+        editorScreen.openPage++;
+    else if (wasClicked(openBackButton))
+        editorScreen.panel = NoPanel;
+    else if (wasClicked(sourceButton)) {
+        editorScreen.openCampaign = !editorScreen.openCampaign;
+        openOpenPanel();
+    }
+}
+
+void questionPanelFrame()
+{
+    dimLevel(0.6f);
+    drawPanelBox(90, 60, 550, 300);
+    setColour(1, 1, 1, 1);
+    drawMediumCentred(320, 266, "This level has unsaved changes");
+    setColour(0.8f, 0.8f, 0.8f, 1);
+    drawSmallCentred(320, 240, "Save them before going on?");
+    drawButton(questionSaveButton);
+    drawCentredLabel(questionSaveButton, "Save");
+    drawButton(questionDiscardButton);
+    drawCentredLabel(questionDiscardButton, "Discard");
+    drawButton(questionCancelButton);
+    drawCentredLabel(questionCancelButton, "Cancel");
+    if (!interactive())
+        return;
+    updateButton(questionSaveButton, input.pointerX, input.pointerY);
+    updateButton(questionDiscardButton, input.pointerX, input.pointerY);
+    updateButton(questionCancelButton, input.pointerX, input.pointerY);
+    if (wasClicked(questionSaveButton))
+        answerQuestion(0);
+    else if (wasClicked(questionDiscardButton))
+        answerQuestion(1);
+    else if (wasClicked(questionCancelButton))
+        answerQuestion(2);
+}
+
+// The palette and the buttons under the level, when no panel is open.
+void handleEditorButtons()
+{
+    for (int i = 0; i < PAINT_TOOL_COUNT; i++) {
+        const int32_t tool = FIRST_PAINT_TOOL + i;
+        Button &b = paletteButton(tool);
+        updateButton(b, input.pointerX, input.pointerY);
+        if (wasClicked(b)) {
+            currentTool = tool;
+            setStatus(paintMessage(tool));
+        }
+    }
+    updateButton(undoButton, input.pointerX, input.pointerY);
+    updateButton(redoButton, input.pointerX, input.pointerY);
+    updateButton(testPlayButton, input.pointerX, input.pointerY);
+    updateButton(menuButton, input.pointerX, input.pointerY);
+    if (wasClicked(undoButton))
+        undoEdit();
+    else if (wasClicked(redoButton))
+        redoEdit();
+    else if (wasClicked(testPlayButton)) {
+        startTestPlay();
+    } else if (wasClicked(menuButton))
+        editorScreen.panel = MenuPanel;
+}
+
+} // namespace
+
+// ---------------------------------------------------------------------------
+
+Button &paletteButton(int32_t tool)
+{
+    const int i = tool - FIRST_PAINT_TOOL;
+    return i < WIDE_PALETTE ? editorPaletteButtons[i] : editorTopLeftButtons[i - WIDE_PALETTE];
+}
+
+void requestEditorAction(int32_t action)
+{
+    if (editorHasUnsavedChanges()) {
+        editorScreen.pendingAction = action;
+        editorScreen.panel = QuestionPanel;
+        return;
+    }
+    carryOut(action);
+}
+
+void answerQuestion(int32_t choice)
+{
+    const int32_t action = editorScreen.pendingAction;
+    editorScreen.pendingAction = NoAction;
+    editorScreen.panel = NoPanel;
+    if (choice == 2)
+        return;
+    // A save that fails keeps the player here with the message on show:
+    // going on would lose the very work the question was about.
+    if (choice == 0 && !saveEditorLevel())
+        return;
+    carryOut(action);
+}
+
+void openSettingsPanel(bool forNew)
+{
+    EditorScreen &e = editorScreen;
+    e.settingsForNew = forNew;
+    if (forNew) {
+        e.settings = currentLevelSettings();
+        e.settings.title = "";
+        e.settings.width = NEW_LEVEL_WIDTH;
+        e.settings.height = NEW_LEVEL_HEIGHT;
+        e.settings.credits = NEW_LEVEL_CREDITS;
+        for (int32_t &lock : e.settings.toolLocked)
+            lock = 0;
+    } else {
+        e.settings = currentLevelSettings();
+    }
+    e.fields[TitleField] = e.settings.title.substr(0, MAX_TITLE_CHARS);
+    e.fields[WidthField] = numberText(e.settings.width);
+    e.fields[HeightField] = numberText(e.settings.height);
+    e.fields[CreditsField] = numberText(e.settings.credits);
+    for (int f = 0; f < SETTINGS_FIELD_COUNT; f++)
+        e.cursor[f] = (int32_t)e.fields[f].size();
+    e.focus = TitleField;
+    e.panel = SettingsPanel;
+    clearTypedKeys();
+}
+
+bool confirmSettingsPanel()
+{
+    LevelSettings s = editorScreen.settings;
+    readSettingsFields(s);
+    if (!levelSettingsValid(s))
+        return false;
+    if (editorScreen.settingsForNew)
+        newEditorLevel(s);
+    else
+        applyLevelSettings(s);
+    editorScreen.panel = NoPanel;
+    return true;
+}
+
+void openOpenPanel()
+{
+    EditorScreen &e = editorScreen;
+    // The catalogue is read afresh: a level saved a moment ago is listed.
+    loadLevelCatalogue();
+    e.openEntries.clear();
+    const int firstList = e.openCampaign ? 0 : LEVEL_LIST_COUNT / 2;
+    for (int list = firstList; list < firstList + LEVEL_LIST_COUNT / 2; list++)
+        for (const CatalogueEntry &entry : levelLists[list])
+            e.openEntries.push_back(entry);
+    e.openPage = 0;
+    e.panel = OpenPanel;
+}
+
+bool openListedLevel(int32_t index)
+{
+    EditorScreen &e = editorScreen;
+    if (index < 0 || index >= (int32_t)e.openEntries.size())
+        return false;
+    const CatalogueEntry entry = e.openEntries[index];
+    e.panel = NoPanel;
+    return openEditorLevel(entry.path, e.openCampaign);
+}
+
+void editorEscape()
+{
+    switch (editorScreen.panel) {
+    case NoPanel:
+        requestEditorAction(LeaveEditorAction);
+        break;
+    case QuestionPanel:
+        answerQuestion(2);
+        break;
+    default:
+        editorScreen.panel = NoPanel;
+        break;
+    }
+}
+
+void editorKey(int key)
+{
+    const int c = key & 0xff, scancode = key >> 8;
+    EditorScreen &e = editorScreen;
+    if (e.panel == SettingsPanel) {
+        if (scancode == KEY_TAB)
+            focusField((e.focus + 1) % SETTINGS_FIELD_COUNT);
+        else if (scancode == KEY_ENTER || scancode == KEY_ENTER_PAD)
+            confirmSettingsPanel();
+        else if (scancode != KEY_ESC)
+            typeIntoField(e.focus, key);
+        return;
+    }
+    if (e.panel != NoPanel)
+        return;
+    // Ctrl+Z and Ctrl+Y, as in every program that paints.
+    if (c == 26)
+        undoEdit();
+    else if (c == 25)
+        redoEdit();
+}
+
+void editorTick()
+{
+    ensureSession();
+    tickStatus();
+    tickDriftingStars();
+    if (!interactive())
+        return;
+    for (int key = nextTypedKey(); key >= 0; key = nextTypedKey())
+        editorKey(key);
+    if (input.escape && !editorScreen.escapeWasDown)
+        editorEscape();
+    editorScreen.escapeWasDown = input.escape != 0;
+}
+
+void editorFrame()
+{
+    ensureSession();
+    clampCamera();
+    pickCursorCell();
+    drawLevelView(LevelEditor);
+
+    resetDrawState();
+    drawStatus();
+    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
+    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
+    drawPalette();
+    drawBottomButtons();
+
+    if (interactive() && editorScreen.entryMessage) {
+        // The entry asked the line to fade to empty, perhaps from this very
+        // message, which setStatus would then take as already on show.
+        resetStatusLine();
+        setStatus(editorScreen.entryMessage);
+        editorScreen.entryMessage = nullptr;
+    }
+
+    switch (editorScreen.panel) {
+    case MenuPanel: menuPanelFrame(); break;
+    case SettingsPanel: settingsPanelFrame(); break;
+    case OpenPanel: openPanelFrame(); break;
+    case QuestionPanel: questionPanelFrame(); break;
+    default:
+        if (interactive()) {
+            handleEditorButtons();
+            // A test-play may have just begun: the level on show is no longer the painting.
+            if (testPlayRunning())
+                return;
+            paintEditorCell();
+            if (!input.leftPressed)
+                endStroke();
+        }
+        return;
+    }
+    if (interactive())
+        drawPointer();
+}

@@ -1,0 +1,594 @@
+// The level editor as a player uses it: the mouse and keys go through the
+// real screen handlers (editorTick, editorFrame), and what is saved is read
+// back by the game's own loader and proven by the game's own driver.
+
+#include "app/atomic_write.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "render/draw.h"
+#include "editor/editor.h"
+#include "editor/editorscreen.h"
+#include "editor/paint.h"
+#include "frontend/frontend.h"
+#include "frontend/layout.h"
+#include "frontend/screens.h"
+#include "game/camera.h"
+#include "game/driver.h"
+#include "game/gamescreen.h"
+#include "game/mission.h"
+#include "game/status.h"
+#include "world/catalogue.h"
+#include "world/level.h"
+
+#include <allegro.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+static int heldButtons = 0;
+static int testMouseButtons() { return heldButtons; }
+static std::vector<int> typedKeys;
+static int testTypedKey()
+{
+    if (typedKeys.empty())
+        return -1;
+    const int key = typedKeys.front();
+    typedKeys.erase(typedKeys.begin());
+    return key;
+}
+
+// One tick and one frame of the editor with the pointer at (px, py) in the
+// y-up screen coordinates and the mouse buttons as given (bit 0 left, 1 right).
+static void frame(float px, float py, int buttons)
+{
+    RawInput raw = {};
+    raw.mouseButtons = buttons;
+    raw.mouseX = (int)px;
+    raw.mouseY = SCREEN_HEIGHT - (int)py;
+    sampleInputFrom(raw);
+    input.pointerX = px;
+    input.pointerY = py;
+    heldButtons = buttons;
+    runScreenLogic(currentScreen);
+    renderScreen(currentScreen);
+}
+
+static void click(float px, float py)
+{
+    frame(px, py, 1);
+    frame(px, py, 0);
+}
+
+static void clickButton(const Button &b)
+{
+    click(b.x, b.y);
+}
+
+static void chooseTool(int32_t tool)
+{
+    clickButton(paletteButton(tool));
+    ASSERT_EQ(currentTool, tool);
+}
+
+// With the view at camX = 0, camY = -400, where rows 2 to 11 lie in the
+// band between the panels.
+static float cellPointerX(int x) { return 32.0f * x + 16 - camX; }
+static float cellPointerY(int y) { return 416.0f - 32 * y; }
+
+static void paintAt(int x, int y)
+{
+    frame(cellPointerX(x), cellPointerY(y), 1);
+    ASSERT_EQ(currentLevel.cursorX, x);
+    ASSERT_EQ(currentLevel.cursorY, y);
+    frame(cellPointerX(x), cellPointerY(y), 0);
+}
+
+static void type(const std::string &text)
+{
+    for (char c : text)
+        typedKeys.push_back((unsigned char)c);
+}
+
+static void typeScancode(int scancode)
+{
+    typedKeys.push_back(scancode << 8);
+}
+
+static std::string fileText(const std::string &path)
+{
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+static int countPods()
+{
+    countEditorPods(currentLevel);
+    return editorPodCount;
+}
+
+struct Editor : ::testing::Test {
+    std::string root;
+
+    void SetUp() override
+    {
+        static bool allegroStarted = false;
+        if (!allegroStarted)
+            allegroStarted = install_allegro(SYSTEM_NONE, &errno, atexit) == 0;
+        buildCampaignLevelNames();
+        char pattern[] = "/tmp/delvemoor-editor-XXXXXX";
+        root = mkdtemp(pattern);
+        snprintf(DataRoot, sizeof DataRoot, "%s", root.c_str());
+        // The campaign lives in the built game's datafile.
+        const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
+        if (gameDir)
+            fs::create_directory_symlink(std::string(gameDir) + "/DATA", root + "/DATA");
+        readMouseButtons = testMouseButtons;
+        nextTypedKey = testTypedKey;
+        typedKeys.clear();
+        heldButtons = 0;
+        for (auto &list : levelLists)
+            list.clear();
+        editorDoc = EditorDocument();
+        editorScreen = EditorScreen();
+        transition = TransitionState();
+        input = InputSnapshot();
+        resetStatusLine();
+        resetMission();
+        std::srand(7);
+        currentScreen = LevelEditor;
+        frame(320, 200, 0);     // the first frame opens a blank level
+        camX = 0;
+        camY = -400;
+        frame(320, 200, 0);
+    }
+
+    void TearDown() override
+    {
+        chmod((root + "/custom").c_str(), 0755);
+        std::error_code ignored;
+        fs::remove_all(root, ignored);
+    }
+
+    std::string folder() const { return root + "/custom"; }
+
+    std::vector<std::string> folderNames() const
+    {
+        std::vector<std::string> names;
+        for (const auto &e : fs::directory_iterator(folder()))
+            names.push_back(e.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    // A level a bubbleman walks out of: a pod on the ground at (3, 9) and a
+    // rocket three cells to its right, painted with the palette.
+    void paintSmallWinnableLevel()
+    {
+        chooseTool(PaintPod);
+        paintAt(3, 9);
+        chooseTool(PaintRocket);
+        paintAt(6, 9);
+    }
+};
+
+TEST_F(Editor, PaintRulesThroughTheScreen)
+{
+    // A blank level: sky, air, then dirt from row 10; the ring is border.
+    ASSERT_EQ(currentLevel.width, NEW_LEVEL_WIDTH);
+    ASSERT_EQ(currentLevel.height, NEW_LEVEL_HEIGHT);
+    EXPECT_EQ(currentLevel.terrain[0][12], Border);
+    EXPECT_EQ(currentLevel.terrain[5][8], Empty);
+    EXPECT_TRUE(isSupport(currentLevel.terrain[5][10]));
+
+    // Nine pods, then the limit.
+    chooseTool(PaintPod);
+    for (int i = 0; i < EDITOR_POD_LIMIT; i++) {
+        paintAt(2 + i, 10);
+        EXPECT_EQ(currentLevel.terrain[2 + i][10], Pod);
+        EXPECT_EQ(statusTarget(), paintMessage(PaintPod));
+    }
+    paintAt(14, 10);
+    EXPECT_EQ(statusTarget(), StatusMaxPods);
+    EXPECT_NE(currentLevel.terrain[14][10], Pod);
+    paintAt(2, 10);     // onto a pod: still nine, still refused
+    EXPECT_EQ(countPods(), EDITOR_POD_LIMIT);
+
+    // Clearing one pod makes room for exactly one more.
+    chooseTool(ClearTerrain);
+    paintAt(2, 10);
+    EXPECT_EQ(currentLevel.terrain[2][10], Empty);
+    EXPECT_EQ(statusTarget(), paintMessage(ClearTerrain));
+    chooseTool(PaintPod);
+    paintAt(3, 10);     // onto a pod with eight on the map: allowed, count unchanged
+    EXPECT_EQ(countPods(), EDITOR_POD_LIMIT - 1);
+    EXPECT_EQ(statusTarget(), paintMessage(PaintPod));
+    paintAt(14, 10);
+    EXPECT_EQ(currentLevel.terrain[14][10], Pod);
+    EXPECT_EQ(countPods(), EDITOR_POD_LIMIT);
+
+    // Dirt painted into the sky says so, and is gone at the next frame; a
+    // rocket there stays.
+    chooseTool(PaintDirt);
+    frame(cellPointerX(5), cellPointerY(3), 1);
+    EXPECT_TRUE(currentLevel.terrain[5][3] == Dirt1 || currentLevel.terrain[5][3] == Dirt2);
+    EXPECT_EQ(statusTarget(), paintMessage(PaintDirt));
+    frame(cellPointerX(5), cellPointerY(3), 0);
+    EXPECT_EQ(currentLevel.terrain[5][3], Empty);
+    chooseTool(PaintRocket);
+    paintAt(6, 3);
+    frame(320, 200, 0);
+    EXPECT_EQ(currentLevel.terrain[6][3], Rocket);
+
+    // Spikes in mid-air get dirt under them at the next frame.
+    chooseTool(PaintSpikes);
+    ASSERT_EQ(currentLevel.terrain[20][8], Empty);
+    paintAt(20, 7);
+    EXPECT_EQ(currentLevel.terrain[20][7], Spikes);
+    EXPECT_EQ(currentLevel.terrain[20][8], Dirt1);
+
+    // A right click in the band puts the tool down; over either panel it
+    // does nothing.
+    chooseTool(PaintVortex);
+    frame(320, 400, 2);
+    frame(320, 20, 2);
+    EXPECT_EQ(currentTool, PaintVortex);
+    frame(320, 200, 0);
+    frame(cellPointerX(9), cellPointerY(8), 2);
+    EXPECT_EQ(currentTool, NoTool);
+    EXPECT_EQ(statusTarget(), StatusCancelled);
+    frame(cellPointerX(9), cellPointerY(8), 0);
+    EXPECT_EQ(currentLevel.terrain[9][8], Empty) << "the cancelling click paints nothing";
+
+    // A held button paints the cell under the pointer in every frame, and
+    // skips the cells it jumps over.
+    chooseTool(PaintRocks);
+    for (int x = 16; x <= 22; x += 2)
+        frame(cellPointerX(x), cellPointerY(8), 1);
+    frame(cellPointerX(22), cellPointerY(8), 0);
+    for (int x = 16; x <= 22; x++) {
+        const int32_t code = currentLevel.terrain[x][8];
+        if (x % 2 == 0)
+            EXPECT_TRUE(code >= Rock1 && code <= Rock3) << x;
+        else
+            EXPECT_EQ(code, Empty) << x;
+    }
+
+    // The editor never builds.
+    for (const auto &column : currentLevel.structures)
+        for (int32_t code : column)
+            EXPECT_EQ(code, 0);
+}
+
+TEST_F(Editor, UndoAndRedoTakeWholeStrokes)
+{
+    const TerrainGrid blank = currentLevel.terrain;
+    chooseTool(PaintWater);
+    for (int x = 4; x <= 8; x++)
+        frame(cellPointerX(x), cellPointerY(6), 1);
+    frame(320, 200, 0);
+    const TerrainGrid afterWater = currentLevel.terrain;
+    chooseTool(PaintCredits);
+    paintAt(12, 5);
+    const TerrainGrid afterCredits = currentLevel.terrain;
+    EXPECT_EQ(undoDepth(), 2u) << "a held stroke is one step";
+    EXPECT_TRUE(editorHasUnsavedChanges());
+
+    clickButton(editorBottomPairButtons[0]);    // undo
+    EXPECT_EQ(currentLevel.terrain, afterWater);
+    typedKeys.push_back(26);                    // Ctrl+Z
+    frame(320, 200, 0);
+    EXPECT_EQ(currentLevel.terrain, blank);
+    EXPECT_FALSE(editorHasUnsavedChanges()) << "back where the level began";
+    clickButton(editorBottomPairButtons[0]);
+    EXPECT_EQ(statusTarget(), StatusNothingToUndo);
+
+    clickButton(editorBottomPairButtons[1]);    // redo
+    EXPECT_EQ(currentLevel.terrain, afterWater);
+    typedKeys.push_back(25);                    // Ctrl+Y
+    frame(320, 200, 0);
+    EXPECT_EQ(currentLevel.terrain, afterCredits);
+    EXPECT_TRUE(editorHasUnsavedChanges());
+
+    // Painting after an undo drops what could have been redone.
+    undoEdit();
+    chooseTool(PaintDiamonds);
+    paintAt(20, 9);
+    EXPECT_FALSE(redoEdit());
+    EXPECT_EQ(statusTarget(), StatusNothingToRedo);
+}
+
+TEST_F(Editor, NewLevelTypedSavedAndLoadedBack)
+{
+    // A fresh, untouched level asks nothing before a new one.
+    clickButton(editorTopRightButton);
+    ASSERT_EQ(editorScreen.panel, MenuPanel);
+    clickButton(editorColumnButtons[0]);
+    ASSERT_EQ(editorScreen.panel, SettingsPanel);
+
+    type("Cave Run");
+    typeScancode(KEY_TAB);
+    typeScancode(KEY_BACKSPACE);
+    typeScancode(KEY_BACKSPACE);
+    type("4x0");        // letters do not go into a number
+    typeScancode(KEY_TAB);
+    typeScancode(KEY_BACKSPACE);
+    typeScancode(KEY_BACKSPACE);
+    type("16");
+    typeScancode(KEY_TAB);
+    typeScancode(KEY_HOME);
+    typeScancode(KEY_DEL);
+    type("3");          // 2000 becomes 3000
+    frame(320, 460, 0);
+    clickButton(editorLeftColumnButtons[7]);    // lock the shovel
+    clickButton(editorGridButtons[3]);          // planet 3
+    EXPECT_EQ(editorScreen.settings.planet, 3);
+    typeScancode(KEY_ENTER);
+    frame(320, 460, 0);
+    ASSERT_EQ(editorScreen.panel, NoPanel);
+    EXPECT_EQ(currentLevel.title, "Cave Run");
+    EXPECT_EQ(currentLevel.width, 40);
+    EXPECT_EQ(currentLevel.height, 16);
+    EXPECT_EQ(currentLevel.planet, 3);
+    EXPECT_EQ(editorDoc.credits, 3000);
+    EXPECT_EQ(editorDoc.toolLocked[7], 1);
+
+    camX = 0;
+    camY = -400;
+    paintSmallWinnableLevel();
+    chooseTool(PaintWater);
+    paintAt(10, 9);
+    chooseTool(PaintExplosive);
+    paintAt(14, 9);
+    frame(320, 200, 0);
+
+    clickButton(editorTopRightButton);
+    clickButton(editorColumnButtons[2]);        // save
+    EXPECT_EQ(statusTarget(), StatusLevelSaved);
+    EXPECT_FALSE(editorHasUnsavedChanges());
+    const std::string path = folder() + "/cave-run.level";
+    ASSERT_EQ(editorDoc.path, path);
+
+    Level loaded;
+    MissionState state = {};
+    std::ifstream in(path);
+    std::string error;
+    ASSERT_TRUE(parseLevelStream(in, loaded, state, &error)) << error;
+    EXPECT_EQ(loaded.title, "Cave Run");
+    EXPECT_EQ(loaded.planet, 3);
+    EXPECT_NE(loaded.campaignLevel, 1);
+    EXPECT_EQ(state.credits, 3000);
+    for (int i = 0; i < LOCKABLE_TOOL_COUNT; i++)
+        EXPECT_EQ(state.toolLocked[i], i == 7 ? 1 : 0) << i;
+    EXPECT_EQ(state.podCount, 1);
+    EXPECT_EQ(state.rocketCount, 1);
+    EXPECT_EQ(loaded.terrain, currentLevel.terrain);
+
+    // The catalogue lists it with the custom levels of its planet.
+    if (std::getenv("DELVEMOOR_GAME_DIR")) {
+        loadLevelCatalogue();
+        bool listed = false;
+        for (const CatalogueEntry &e : levelLists[LEVEL_LIST_COUNT / 2 + 2])
+            listed = listed || e.path == path;
+        EXPECT_TRUE(listed);
+    }
+
+    // A second level of the same title takes a name of its own.
+    LevelSettings again = currentLevelSettings();
+    newEditorLevel(again);
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(editorDoc.path, folder() + "/cave-run-2.level");
+    EXPECT_EQ(fileText(path).find("Cave Run\n3\n"), 0u) << "the first file is untouched";
+}
+
+TEST_F(Editor, AFailedSaveLosesNothing)
+{
+    chooseTool(PaintPod);
+    paintAt(4, 10);
+    ASSERT_TRUE(saveEditorLevel());
+    const std::string path = editorDoc.path;
+    const std::string before = fileText(path);
+
+    // The disk fills half way through the new file.
+    chooseTool(PaintRocks);
+    for (int x = 6; x < 28; x++)
+        paintAt(x, 9);
+    struct rlimit saved;
+    getrlimit(RLIMIT_FSIZE, &saved);
+    struct rlimit small = saved;
+    small.rlim_cur = before.size() / 2;
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    const bool saved1 = saveEditorLevel();
+    setrlimit(RLIMIT_FSIZE, &saved);
+    EXPECT_FALSE(saved1);
+    EXPECT_EQ(statusTarget(), StatusSaveDiskFull);
+    EXPECT_EQ(fileText(path), before);
+    EXPECT_EQ(folderNames(), std::vector<std::string>{"new-level.level"}) << "no temporary file is left";
+    EXPECT_TRUE(editorHasUnsavedChanges());
+
+    // A folder the game may not write to. Root writes anywhere chmod allows
+    // nothing, so root meets a file system that refuses everyone instead.
+    if (geteuid() != 0) {
+        chmod(folder().c_str(), 0555);
+        EXPECT_FALSE(saveEditorLevel());
+        EXPECT_EQ(statusTarget(), StatusSaveReadOnly);
+        EXPECT_EQ(fileText(path), before);
+        chmod(folder().c_str(), 0755);
+    } else {
+        std::string detail;
+        EXPECT_EQ(writeFileAtomically("/sys/kernel/delvemoor.level", "x", true, &detail), WriteReadOnly)
+            << detail;
+    }
+
+    // Leaving with the changes unsaved asks; a failing save keeps the player
+    // in the editor; Discard leaves.
+    ASSERT_TRUE(editorHasUnsavedChanges());
+    input.escape = 0;
+    frame(320, 200, 0);
+    RawInput raw = {};
+    raw.escape = 1;
+    sampleInputFrom(raw);
+    runScreenLogic(currentScreen);
+    ASSERT_EQ(editorScreen.panel, QuestionPanel);
+    setrlimit(RLIMIT_FSIZE, &small);
+    clickButton(editorPanelButtons[4]);         // Save
+    setrlimit(RLIMIT_FSIZE, &saved);
+    EXPECT_EQ(currentScreen, (u32)LevelEditor);
+    EXPECT_EQ(editorScreen.panel, NoPanel);
+    EXPECT_EQ(statusTarget(), StatusSaveDiskFull);
+    requestEditorAction(LeaveEditorAction);
+    ASSERT_EQ(editorScreen.panel, QuestionPanel);
+    clickButton(editorPanelButtons[3]);         // Discard
+    EXPECT_EQ(currentScreen, (u32)Transition);
+    EXPECT_EQ(transition.to, (u32)MainMenu);
+    EXPECT_EQ(fileText(path), before);
+}
+
+TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
+{
+    paintSmallWinnableLevel();
+    chooseTool(PaintDirt);
+    paintAt(10, 8);
+    const TerrainGrid painted = currentLevel.terrain;
+    const size_t steps = undoDepth();
+
+    clickButton(editorCentreButton);            // Test Play
+    ASSERT_EQ(currentScreen, (u32)Playing);
+    EXPECT_TRUE(recordingPlay);
+    EXPECT_EQ(levelReturnScreen, (u32)LevelEditor);
+    EXPECT_EQ(mission.podCount, 1);
+    EXPECT_EQ(mission.rocketCount, 1);
+    EXPECT_EQ(mission.credits, NEW_LEVEL_CREDITS);
+
+    // Play changes the level: a hatcher, a hole, a lost bubbleman.
+    currentLevel.structures[3][9] = Hatcher;
+    currentLevel.terrain[10][8] = Empty;
+    mission.bubblemanLost = true;
+    leaveLevel(MissionFailed);
+    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
+        transitionTick();
+        transitionFrame();
+    }
+    ASSERT_EQ(currentScreen, (u32)LevelEditor);
+    frame(320, 200, 0);
+
+    EXPECT_EQ(currentLevel.terrain, painted);
+    for (const auto &column : currentLevel.structures)
+        for (int32_t code : column)
+            EXPECT_EQ(code, 0);
+    EXPECT_FALSE(recordingPlay);
+    EXPECT_EQ(levelReturnScreen, (u32)GameSelect);
+    EXPECT_EQ(statusTarget(), StatusTestPlayNotWon) << statusTarget();
+    EXPECT_FALSE(editorProof.valid);
+    EXPECT_EQ(undoDepth(), steps) << "undo is kept across a test-play";
+    EXPECT_TRUE(undoEdit());
+}
+
+TEST_F(Editor, AWonTestPlayIsSavedAsAProofThatReplays)
+{
+    paintSmallWinnableLevel();
+    ASSERT_TRUE(saveEditorLevel());
+    const std::string levelPath = editorDoc.path;
+    const std::string proofPath = solutionPathFor(levelPath);
+    EXPECT_FALSE(fs::exists(proofPath));
+
+    ASSERT_TRUE(startTestPlay());
+    // The player's run: the game screen, driven by the headless driver,
+    // records what it is clicked with.
+    std::istringstream script("1 hatcher 3 9\n5 hatch\n");
+    Solution playerRun;
+    std::string error;
+    ASSERT_TRUE(parseSolution(script, playerRun, &error)) << error;
+    RunOptions options;
+    options.tickLimit = 400;
+    const RunResult run = runSolution(playerRun, options);
+    ASSERT_EQ(run.outcome, RunUnfinished) << "without Launch nobody flies";
+    ASSERT_EQ(mission.savedCount, 1) << describeRun(run);
+
+    // Launch as the player: the panel's button, then the rockets leave.
+    ScriptAction launch = {run.ticks + 1, LaunchAction, 0, 0, 0, 0};
+    RunResult rest;
+    int32_t outcome = RunUnfinished;
+    for (int32_t step = run.ticks + 1; step < run.ticks + 600 && outcome == RunUnfinished; step++)
+        outcome = runStep(step, step == run.ticks + 1 ? &launch : nullptr, rest);
+    ASSERT_EQ(outcome, RunWon);
+    ASSERT_FALSE(playRecord.empty());
+
+    leaveLevel(MissionComplete);
+    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
+        transitionTick();
+        transitionFrame();
+    }
+    ASSERT_EQ(currentScreen, (u32)LevelEditor);
+    frame(320, 200, 0);
+    EXPECT_EQ(statusTarget(), StatusProofSaved) << statusTarget();
+    ASSERT_TRUE(fs::exists(proofPath));
+
+    // levelcheck's own reading and run of the two files.
+    ASSERT_TRUE(loadRunLevelFile(levelPath.c_str(), &error)) << error;
+    Solution proof;
+    ASSERT_TRUE(loadSolutionFile(proofPath.c_str(), proof, &error)) << error;
+    const RunResult replay = runSolution(proof, RunOptions());
+    EXPECT_EQ(replay.outcome, RunWon) << describeRun(replay) << "\n" << fileText(proofPath);
+
+    // Painting anything makes the proof stale: it is dropped at the next save.
+    currentScreen = LevelEditor;
+    editorScreen.sessionOpen = false;
+    frame(320, 200, 0);
+    camX = 0;
+    camY = -400;
+    chooseTool(PaintRocket);
+    paintAt(20, 9);
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(statusTarget(), StatusLevelSaved);
+    EXPECT_FALSE(fs::exists(proofPath));
+}
+
+TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
+{
+    if (!std::getenv("DELVEMOOR_GAME_DIR"))
+        GTEST_SKIP() << "needs the built datafile";
+    clickButton(editorTopRightButton);
+    clickButton(editorColumnButtons[1]);        // open
+    ASSERT_EQ(editorScreen.panel, OpenPanel);
+    clickButton(editorTopRightButton);          // the campaign's list
+    ASSERT_TRUE(editorScreen.openCampaign);
+    ASSERT_FALSE(editorScreen.openEntries.empty());
+    const std::string campaignPath = editorScreen.openEntries[0].path;
+    clickButton(editorLeftColumnButtons[0]);
+    ASSERT_EQ(editorScreen.panel, NoPanel);
+    EXPECT_EQ(statusTarget(), StatusLevelOpened);
+    EXPECT_TRUE(editorDoc.path.empty());
+    EXPECT_FALSE(editorHasUnsavedChanges());
+
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(editorDoc.path.rfind(folder() + "/", 0), 0u) << editorDoc.path;
+    Level loaded;
+    std::string error;
+    ASSERT_TRUE(tryLoadLevelFromFile(loaded, editorDoc.path.c_str(), &error)) << error;
+    EXPECT_NE(loaded.campaignLevel, 1) << "saved as a custom level";
+
+    // Opening another level with unsaved changes asks first; Cancel keeps them.
+    camX = 0;
+    camY = -400;
+    chooseTool(PaintVortex);
+    paintAt(8, 5);
+    requestEditorAction(OpenLevelAction);
+    ASSERT_EQ(editorScreen.panel, QuestionPanel);
+    clickButton(editorPanelButtons[1]);         // Cancel
+    EXPECT_EQ(editorScreen.panel, NoPanel);
+    EXPECT_TRUE(editorHasUnsavedChanges());
+    (void)campaignPath;
+}
