@@ -407,6 +407,9 @@ static void drawModeTexts()
         glColor4f(1, 1, 1, s.modeAlpha);
         drawSmallCentred(190, 210, "Playing");
         drawSmallCentred(190, 200, "Your Levels");
+        // The one message custom games need: why the level did not start.
+        if (missionMessage == MessageLevelUnreadable)
+            drawMessageLine();
     }
 }
 

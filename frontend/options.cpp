@@ -67,30 +67,32 @@ static void handleSliders()
     }
 }
 
+// The video buttons only choose what the next start sets up; pressing one,
+// even the mode already chosen, brightens the notice that says so.
+struct VideoChoice {
+    Button *button;
+    unsigned char GameSettings::*flag;
+    unsigned char value;
+};
+static const VideoChoice VIDEO_CHOICES[] = {
+    {&color32Button, &GameSettings::colorDepth32, 1},
+    {&color16Button, &GameSettings::colorDepth32, 0},
+    {&windowedModeButton, &GameSettings::fullscreen, 0},
+    {&fullscreenModeButton, &GameSettings::fullscreen, 1},
+};
+
 static void handleButtons()
 {
     const float px = input.pointerX, py = input.pointerY;
-    Button *buttons[] = {&optionsReturnButton, &color32Button, &color16Button, &windowedModeButton,
-                         &fullscreenModeButton};
-    for (Button *b : buttons)
-        updateButton(*b, px, py);
+    updateButton(optionsReturnButton, px, py);
     if (wasClicked(optionsReturnButton))
         startTransition(Options, MainMenu, StarfieldKeep);
-    if (wasClicked(color32Button)) {
-        settings.colorDepth32 = 1;
-        options.noticeRising = 1;
-    }
-    if (wasClicked(color16Button)) {
-        settings.colorDepth32 = 0;
-        options.noticeRising = 1;
-    }
-    if (wasClicked(windowedModeButton)) {
-        settings.fullscreen = 0;
-        options.noticeRising = 1;
-    }
-    if (wasClicked(fullscreenModeButton)) {
-        settings.fullscreen = 1;
-        options.noticeRising = 1;
+    for (const VideoChoice &c : VIDEO_CHOICES) {
+        updateButton(*c.button, px, py);
+        if (wasClicked(*c.button)) {
+            settings.*c.flag = c.value;
+            options.noticeRising = 1;
+        }
     }
 }
 

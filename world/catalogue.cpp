@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <dirent.h>
 #include <fstream>
 #include <sys/stat.h>
@@ -87,7 +88,7 @@ static void catalogueCampaign()
     for (const std::string &name : campaignLevelNames) {
         char path[10000];
         snprintf(path, sizeof path, "%s/DATA/DATA.DAT#LEVELS/%s", DataRoot, name.c_str());
-        Level header;
+        Level header{};
         if (readCampaignHeader(path, header))
             addCatalogueEntry(header.title, header.planet, header.missionNumber, header.campaignLevel, path);
     }
@@ -134,8 +135,15 @@ static bool readCustomHeader(const std::string &path, Level &header, std::string
     return true;
 }
 
+static bool endsWith(const std::string &s, const char *tail)
+{
+    const size_t n = strlen(tail);
+    return s.size() >= n && s.compare(s.size() - n, n, tail) == 0;
+}
+
 // File names in a fixed order (the folder's own order is the file system's
-// whim), hidden files and editor backups left aside.
+// whim). Hidden files (the editor's half-written saves among them), editor
+// backups and the winning runs kept beside their levels are no levels.
 static std::vector<std::string> customFileNames(const std::string &folder)
 {
     std::vector<std::string> names;
@@ -144,7 +152,7 @@ static std::vector<std::string> customFileNames(const std::string &folder)
         return names;
     while (struct dirent *e = readdir(dir)) {
         std::string name = e->d_name;
-        if (name.empty() || name[0] == '.' || name.back() == '~')
+        if (name.empty() || name[0] == '.' || name.back() == '~' || endsWith(name, ".solution"))
             continue;
         names.push_back(name);
     }
@@ -165,7 +173,7 @@ static void catalogueCustomFolder()
             break;
         }
         const std::string path = folder + "/" + names[i];
-        Level header;
+        Level header{};
         std::string why;
         if (!readCustomHeader(path, header, &why)) {
             logLine("# ERROR! # Custom level %s is left out: %s", names[i].c_str(), why.c_str());

@@ -1,0 +1,615 @@
+// The screens around the level as a player clicks through them: the real
+// handlers, fed frame by frame with a scripted pointer and mouse button,
+// drawing into an offscreen OSMesa context. The campaign comes from the
+// build's own datafile; the custom folder is made fresh for each test.
+
+#include "app/config.h"
+#include "app/log.h"
+#include "app/screens.h"
+#include "app/startup.h"
+#include "audio/audio.h"
+#include "frontend/frontend.h"
+#include "frontend/layout.h"
+#include "frontend/screens.h"
+#include "game/gamescreen.h"
+#include "game/mission.h"
+#include "world/catalogue.h"
+#include "world/level.h"
+#include "world/passwords.h"
+
+#include <allegro.h>
+#include <GL/osmesa.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+static int mouseButtons = 0;
+static int scriptedMouse() { return mouseButtons; }
+
+static std::deque<int> typedKeys;
+static int scriptedKey()
+{
+    if (typedKeys.empty())
+        return -1;
+    int k = typedKeys.front();
+    typedKeys.pop_front();
+    return k;
+}
+
+// Each black frame of a blackout lets one tick of the timer pass.
+static void blackFramePassesATick() { tickCounter++; }
+
+static std::string readAll(const std::string &path)
+{
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+static void writeFile(const std::string &path, const std::string &text)
+{
+    std::ofstream out(path, std::ios::binary);
+    out << text;
+}
+
+// A small custom level that the loader accepts: one pod under a hatcher's
+// place, one rocket, on the given planet.
+static std::string smallLevel(const std::string &title, int planet, int mission)
+{
+    std::ostringstream s;
+    s << title << "\n" << planet << "\n" << mission << "\n0\n0\n500\n5\n9\n";
+    for (int i = 0; i < 9; i++)
+        s << "0\n";
+    for (int x = 0; x < 5; x++)
+        for (int y = 0; y < 9; y++) {
+            int code = (x == 0 || x == 4 || y == 8) ? 11 : y == 7 ? 1 : 0;
+            if (x == 1 && y == 6)
+                code = 13;
+            if (x == 3 && y == 7)
+                code = 12;
+            s << code << "\n";
+        }
+    return s.str();
+}
+
+class FrontEnd : public ::testing::Test {
+protected:
+    static OSMesaContext context;
+    static std::vector<unsigned char> buffer;
+    std::string root;
+
+    static void SetUpTestSuite()
+    {
+        install_allegro(SYSTEM_NONE, &errno, atexit);
+        context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
+        ASSERT_NE(context, nullptr);
+        buffer.assign(640 * 480 * 4, 0);
+        ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, 640, 480));
+        readMouseButtons = scriptedMouse;
+        nextTypedKey = scriptedKey;
+        presentBlackFrame = blackFramePassesATick;
+        buildCampaignLevelNames();
+        buildPasswordTable();
+    }
+    // The context lives until the process ends: Mesa's own tear-down reads
+    // freed state under the sanitizers.
+
+    void SetUp() override
+    {
+        char pattern[] = "/tmp/delvemoor-frontend-XXXXXX";
+        ASSERT_NE(mkdtemp(pattern), nullptr);
+        root = pattern;
+        const char *gameDir = getenv("DELVEMOOR_GAME_DIR");
+        ASSERT_NE(gameDir, nullptr);
+        ASSERT_EQ(symlink((std::string(gameDir) + "/DATA").c_str(), (root + "/DATA").c_str()), 0);
+        ASSERT_EQ(mkdir((root + "/custom").c_str(), 0755), 0);
+        snprintf(DataRoot, sizeof DataRoot, "%s", root.c_str());
+        openLogAt((root + "/gamelog.txt").c_str());
+
+        // A fresh run of the game.
+        campaignMode = 1;
+        missionsUnlocked = 1;
+        planetProgress = 1;
+        memset(newPlanetFlag, 0, sizeof newPlanetFlag);
+        missionJustUnlocked = false;
+        savedPassword = passwordTable[0];
+        enteredText.clear();
+        cursorPos = 0;
+        selectedPlanet = 1;
+        missionList.currentIndex = 0;
+        selectScreen.messageAlpha = selectScreen.modeAlpha = 1;
+        selectScreen.messageChangePending = selectScreen.modeChangePending = false;
+        selectScreen.arrowHint = selectScreen.hintPanel = 0;
+        transition = {};
+        mouseButtons = 0;
+        typedKeys.clear();
+        SoundRequest = SoundRequestIdle;
+        InterfaceSoundRequest = 0;
+        tickCounter = 0;
+        levelReturnScreen = GameSelect;
+        for (std::list<CatalogueEntry> &list : levelLists)
+            list.clear();
+        setScreen(MainMenu);
+    }
+
+    void TearDown() override
+    {
+        closeLog();
+        std::string command = "rm -rf '" + root + "'";
+        ASSERT_EQ(system(command.c_str()), 0);
+    }
+
+    // One frame as the main loop runs it, with one tick owed.
+    void frame(float x, float y, bool down)
+    {
+        mouseButtons = down ? 1 : 0;
+        RawInput raw = {};
+        raw.mouseButtons = mouseButtons;
+        sampleInputFrom(raw);
+        input.pointerX = x;
+        input.pointerY = y;
+        runScreenLogic(currentScreen);
+        advancePulses();
+        renderScreen(currentScreen);
+    }
+
+    void click(float x, float y)
+    {
+        frame(x, y, true);
+        frame(x, y, false);
+    }
+    void click(const Button &b) { click(b.x, b.y); }
+
+    // Idle frames until the screen is reached; false if it never is.
+    bool settleOn(u32 screen, int frames = 200)
+    {
+        for (int i = 0; i < frames; i++) {
+            if (currentScreen == screen && transition.alpha == 0.0f)
+                return true;
+            frame(0, 0, false);
+        }
+        return currentScreen == screen;
+    }
+
+    void settleFades()
+    {
+        for (int i = 0; i < 40; i++)
+            frame(0, 0, false);
+    }
+
+    // From the main menu into the selection screen, as "New Game" does it.
+    void newGame()
+    {
+        click(mainNewGameButton);
+        ASSERT_TRUE(settleOn(GameSelect));
+        settleFades();
+    }
+
+    void startShownMission()
+    {
+        ASSERT_TRUE(missionCanStart());
+        click(startMissionButton);
+        ASSERT_TRUE(settleOn(Playing));
+    }
+
+    // The level is won: the game screen hands over to its mission-complete
+    // panel, and the player reads the password and presses "Continue".
+    void winAndContinue()
+    {
+        setScreen(MissionComplete);
+        frame(0, 0, false);
+        click(missionContinueButton);
+        ASSERT_TRUE(settleOn(GameSelect));
+        settleFades();
+    }
+
+    static std::string nameOf(const std::string &path) { return path.substr(path.find_last_of("/#") + 1); }
+
+    void typeText(const std::string &text)
+    {
+        for (char c : text)
+            typedKeys.push_back((unsigned char)c);
+    }
+};
+
+OSMesaContext FrontEnd::context;
+std::vector<unsigned char> FrontEnd::buffer;
+
+TEST_F(FrontEnd, CampaignFromNewGameThroughWinsToTheNextPlanet)
+{
+    newGame();
+    ASSERT_EQ(levelLists[0].size(), 15u);
+    int32_t previous = 0;
+    for (const CatalogueEntry &e : levelLists[0]) {
+        EXPECT_GE(e.missionNumber, previous) << "sorted by mission number";
+        previous = e.missionNumber;
+    }
+
+    // Planet 1, its first mission, start.
+    click(planetButtons[0]);
+    settleFades();
+    EXPECT_EQ(selectedPlanet, 1);
+    EXPECT_EQ(nameOf(missionList.currentPath), "P1M01_LEV");
+    startShownMission();
+    EXPECT_EQ(nameOf(chosenLevelPath), "P1M01_LEV");
+    EXPECT_EQ(currentLevel.missionNumber, 1);
+    EXPECT_GT(mission.podCount, 0) << "the real counters replace the placeholders";
+    EXPECT_TRUE(introBanner.active) << "the level opens with its banner";
+
+    // Winning the newest mission shows the next password and opens mission 2.
+    winAndContinue();
+    EXPECT_EQ(savedPassword, passwordTable[1]);
+    EXPECT_EQ(missionsUnlocked, 2);
+    EXPECT_EQ(missionMessage, 2) << "New Mission Unlocked!";
+    EXPECT_TRUE(selectScreen.arrowHint) << "the first unlock explains the arrow";
+    click(nextMissionButton);
+    EXPECT_FALSE(selectScreen.arrowHint);
+    frame(0, 0, false);
+    EXPECT_EQ(nameOf(missionList.currentPath), "P1M02_LEV");
+    click(nextMissionButton);
+    frame(0, 0, false);
+    EXPECT_EQ(nameOf(missionList.currentPath), "P1M02_LEV") << "mission 3 is not open yet";
+
+    // Winning an older mission changes nothing.
+    click(previousMissionButton);
+    frame(0, 0, false);
+    EXPECT_EQ(nameOf(missionList.currentPath), "P1M01_LEV");
+    startShownMission();
+    winAndContinue();
+    EXPECT_EQ(missionsUnlocked, 2);
+    EXPECT_EQ(savedPassword, passwordTable[1]);
+
+    // Planet 2 cannot be started before the campaign reaches it.
+    click(planetButtons[1]);
+    settleFades();
+    EXPECT_EQ(selectedPlanet, 2);
+    EXPECT_EQ(missionMessage, MessagePlanetLocked);
+    EXPECT_FALSE(missionCanStart());
+
+    // The fifteenth mission opens planet 2, which flashes until clicked.
+    missionsUnlocked = 15;
+    click(planetButtons[0]);
+    settleFades();
+    for (int i = 0; i < 20; i++)
+        click(nextMissionButton);
+    frame(0, 0, false);
+    EXPECT_EQ(nameOf(missionList.currentPath), "P1M15_LEV");
+    startShownMission();
+    winAndContinue();
+    EXPECT_EQ(missionsUnlocked, 16);
+    EXPECT_EQ(planetProgress, 2);
+    EXPECT_EQ(savedPassword, passwordTable[15]);
+    EXPECT_TRUE(newPlanetFlag[1]);
+    click(planetButtons[1]);
+    settleFades();
+    EXPECT_FALSE(newPlanetFlag[1]);
+    EXPECT_EQ(missionMessage, 1);
+    EXPECT_TRUE(missionCanStart());
+    EXPECT_EQ(nameOf(missionList.currentPath), "P2M01_LEV");
+
+    // Back to the menu and into the selection screen again: it reopens as left.
+    click(selectReturnButton);
+    ASSERT_TRUE(settleOn(MainMenu));
+    newGame();
+    EXPECT_EQ(selectedPlanet, 1) << "New Game starts on planet 1";
+    EXPECT_EQ(missionsUnlocked, 16);
+}
+
+TEST_F(FrontEnd, PasswordsRestoreAPositionAndAWrongOneOnlySounds)
+{
+    newGame();
+    const struct {
+        std::string typed;
+        int32_t unlocked, planet, sound;
+    } cases[] = {
+        {"girder", 3, 1, 5},                  // lower case comes out in capitals
+        {"NOPE", 3, 1, 4},                    // wrong: only the sound
+        {passwordTable[15], 16, 2, 5},        // opens planet 2
+        {passwordTable[14], 15, 1, 5},        // and back
+        {passwordTable[0], 1, 1, 5},          // the start of the campaign
+        {passwordTable[59], 60, 4, 5},
+        {"", 60, 4, 4},
+    };
+    for (const auto &c : cases) {
+        click(enterPasswordButton);
+        ASSERT_EQ(currentScreen, (u32)PasswordEntry) << c.typed;
+        enteredText.clear();
+        cursorPos = 0;
+        typeText(c.typed);
+        frame(0, 0, false);
+        SoundRequest = SoundRequestIdle;
+        std::string before = savedPassword;
+        click(dialogLowerButton);
+        EXPECT_EQ(currentScreen, (u32)GameSelect) << "Continue always closes the panel";
+        EXPECT_EQ(missionsUnlocked, c.unlocked) << c.typed;
+        EXPECT_EQ(planetProgress, c.planet) << c.typed;
+        EXPECT_EQ(SoundRequest, c.sound) << c.typed;
+        if (c.sound == 4)
+            EXPECT_EQ(savedPassword, before);
+        else
+            EXPECT_EQ(savedPassword, enteredText);
+        frame(0, 0, false);
+    }
+}
+
+// The line editor against every kind of key: the bound is on the cursor, the
+// text never leaves the form the passwords have, and nothing reads past it.
+TEST_F(FrontEnd, PasswordEntryTakesOnlyWhatAPasswordCanHold)
+{
+    auto key = [](int scancode, int c) { return (scancode << 8) | c; };
+    struct Case {
+        std::vector<int> keys;
+        std::string text;
+        int cursor;
+    };
+    const Case cases[] = {
+        {{'a', 'b', '1', ' ', '_', '!'}, "AB1 _!", 6},
+        {{'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H', 'I'}, "ABCDEFGH", 8},
+        {{'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H', key(KEY_LEFT, 0), key(KEY_LEFT, 0), 'X'}, "ABCDEFXGH", 7},
+        {{key(KEY_BACKSPACE, 8), key(KEY_DEL, 127), 'Q'}, "Q", 1},
+        {{'A', 'B', key(KEY_LEFT, 0), key(KEY_BACKSPACE, 8)}, "B", 0},
+        {{'A', 'B', key(KEY_LEFT, 0), key(KEY_DEL, 127), key(KEY_RIGHT, 0), key(KEY_RIGHT, 0)}, "A", 1},
+        {{key(KEY_F1, 0), key(KEY_ESC, 27), key(KEY_ENTER, 13), '{', '~', 0x7F, 0xE9, '`', 'z'}, "Z", 1},
+        {{'[', '\\', ']', '^'}, "", 0},
+    };
+    for (const Case &c : cases) {
+        enteredText.clear();
+        cursorPos = 0;
+        for (int k : c.keys)
+            typePasswordKey(k);
+        EXPECT_EQ(enteredText, c.text);
+        EXPECT_EQ(cursorPos, c.cursor);
+    }
+    // Every byte a keyboard can send, in any order, keeps the cursor inside the text.
+    srand(7);
+    enteredText.clear();
+    cursorPos = 0;
+    for (int i = 0; i < 20000; i++) {
+        typePasswordKey(rand() & 0xFFFF);
+        ASSERT_GE(cursorPos, 0);
+        ASSERT_LE(cursorPos, (int32_t)enteredText.size());
+        ASSERT_LE(enteredText.size(), 9u + (size_t)i);
+        for (char ch : enteredText)
+            ASSERT_TRUE((ch >= ' ' && ch <= 'Z') || ch == '_') << (int)ch;
+    }
+    // A cursor knocked out of the text is brought back before any edit.
+    enteredText = "AB";
+    cursorPos = 40;
+    typePasswordKey(KEY_BACKSPACE << 8);
+    EXPECT_EQ(enteredText, "A");
+    cursorPos = -3;
+    typePasswordKey(KEY_DEL << 8);
+    EXPECT_EQ(enteredText, "");
+}
+
+TEST_F(FrontEnd, ThePasswordTableHasSixtyDistinctTypeableEntries)
+{
+    std::set<std::string> seen;
+    const size_t firstLengths[] = {7, 8, 6, 7};
+    for (int i = 0; i < PASSWORD_COUNT; i++) {
+        const std::string &p = passwordTable[i];
+        EXPECT_TRUE(seen.insert(p).second) << p << " twice";
+        EXPECT_GE(p.size(), 1u);
+        EXPECT_LE(p.size(), (size_t)PASSWORD_MAX_LENGTH);
+        for (char c : p)
+            EXPECT_TRUE((c >= ' ' && c <= 'Z') || c == '_') << p;
+        if (i < 4) {
+            EXPECT_EQ(p.size(), firstLengths[i]) << p;
+            for (char c : p)
+                EXPECT_TRUE(c >= 'A' && c <= 'Z') << p << " is a single word";
+        } else {
+            EXPECT_GE(p.size(), 2u);
+            EXPECT_LE(p.size(), 7u);
+        }
+    }
+}
+
+TEST_F(FrontEnd, CustomModeListsTheCustomFolderAndSkipsWhatItCannotRead)
+{
+    const std::string folder = root + "/custom";
+    writeFile(folder + "/b-cave.lev", smallLevel("Second Cave", 2, 7));
+    writeFile(folder + "/a-cave.lev", smallLevel("First Cave", 2, 3));
+    writeFile(folder + "/campaign-flag.lev", [] {
+        std::string s = smallLevel("Flagged", 1, 1);
+        s.replace(s.find("\n0\n0\n500"), 8, "\n1\n0\n500");
+        return s;
+    }());
+    writeFile(folder + "/empty.lev", "");
+    writeFile(folder + "/binary.lev", std::string("\x7f" "ELF\0\0\xff\xfe", 8) + std::string(300, '\x01'));
+    writeFile(folder + "/planet9.lev", smallLevel("Nowhere", 9, 1));
+    writeFile(folder + "/.hidden.lev", smallLevel("Hidden", 1, 1));
+    writeFile(folder + "/b-cave.solution", "1 hatcher 3 7\n");
+    ASSERT_EQ(mkdir((folder + "/a-folder.lev").c_str(), 0755), 0);
+    ASSERT_EQ(mkfifo((folder + "/pipe.lev").c_str(), 0644), 0);
+    writeFile(folder + "/huge.lev", "");
+    ASSERT_EQ(truncate((folder + "/huge.lev").c_str(), 64L << 20), 0);
+
+    newGame();
+    ASSERT_EQ(levelLists[4 + 1].size(), 2u);
+    EXPECT_EQ(levelLists[4 + 1].front().title, "First Cave");
+    EXPECT_EQ(levelLists[4 + 1].back().title, "Second Cave");
+    ASSERT_EQ(levelLists[4].size(), 1u) << "a file of the folder is custom whatever its flag";
+    EXPECT_EQ(levelLists[0].size(), 15u);
+    const std::string log = readAll(root + "/gamelog.txt");
+    for (const char *name : {"empty.lev", "binary.lev", "planet9.lev", "a-folder.lev", "pipe.lev", "huge.lev"})
+        EXPECT_NE(log.find(std::string("Custom level ") + name + " is left out"), std::string::npos) << name;
+    EXPECT_EQ(log.find("Hidden"), std::string::npos);
+    EXPECT_EQ(log.find("b-cave.solution"), std::string::npos) << "a proof beside its level is no level";
+
+    // Custom mode, planet 2, the second level; start it.
+    click(gameModeButton);
+    settleFades();
+    ASSERT_EQ(campaignMode, 0);
+    click(planetButtons[1]);
+    settleFades();
+    click(nextMissionButton);
+    frame(0, 0, false);
+    EXPECT_EQ(nameOf(missionList.currentPath), "b-cave.lev");
+    startShownMission();
+    EXPECT_EQ(currentLevel.title, "Second Cave");
+    EXPECT_EQ(mission.podCount, 1);
+
+    // A custom win touches no campaign progress.
+    winAndContinue();
+    EXPECT_EQ(missionsUnlocked, 1);
+    EXPECT_EQ(savedPassword, passwordTable[0]);
+
+    // A level deleted behind the game's back: back to the list, with a word why.
+    click(nextMissionButton);
+    frame(0, 0, false);
+    ASSERT_EQ(nameOf(missionList.currentPath), "b-cave.lev");
+    ASSERT_EQ(unlink((folder + "/b-cave.lev").c_str()), 0);
+    click(startMissionButton);
+    ASSERT_TRUE(settleOn(GameSelect));
+    EXPECT_EQ(missionMessage, MessageLevelUnreadable);
+    EXPECT_EQ(levelLists[4 + 1].size(), 1u);
+
+    // Back to the campaign: its message comes back with it.
+    click(gameModeButton);
+    settleFades();
+    EXPECT_EQ(campaignMode, 1);
+}
+
+TEST_F(FrontEnd, AFolderOfThousandsOfFilesIsReadOnlyAsFarAsTheLimit)
+{
+    const std::string folder = root + "/custom";
+    const std::string level = smallLevel("Many", 3, 1);
+    for (int i = 0; i < CUSTOM_LEVEL_LIMIT + 40; i++) {
+        char name[64];
+        snprintf(name, sizeof name, "/level%05d.lev", i);
+        writeFile(folder + name, level);
+    }
+    loadLevelCatalogue();
+    EXPECT_EQ(levelLists[4 + 2].size(), (size_t)CUSTOM_LEVEL_LIMIT);
+    EXPECT_NE(readAll(root + "/gamelog.txt").find("40 are left out"), std::string::npos);
+}
+
+TEST_F(FrontEnd, OptionsApplyVolumesAtOnceAndVideoOnlyToTheWrittenConfiguration)
+{
+    settings = {0, 1, 5, 1, 4, 6};
+    syncOptionsWithSettings();
+    EXPECT_EQ(soundVolumeSlider.value, 4);
+    EXPECT_EQ(musicVolumeSlider.value, 6);
+    EXPECT_EQ(scrollSpeedSlider.value, 5);
+
+    click(mainOptionsButton);
+    ASSERT_TRUE(settleOn(Options));
+
+    // Sound to 8, music to 2, scroll speed to 10: heard at once.
+    InterfaceSoundRequest = 0;
+    click(soundVolumeSlider.x + 7 * 16, soundVolumeSlider.y);
+    EXPECT_EQ(settings.soundVolume, 8);
+    EXPECT_EQ(effectVolume, volumeForLevel(8));
+    EXPECT_EQ(InterfaceSoundRequest, 13);
+    InterfaceSoundRequest = 0;
+    click(soundVolumeSlider.x + 7 * 16, soundVolumeSlider.y);
+    EXPECT_EQ(InterfaceSoundRequest, 0) << "no sound when the value stays";
+    click(musicVolumeSlider.x + 16, musicVolumeSlider.y);
+    EXPECT_EQ(settings.musicVolume, 2);
+    EXPECT_EQ(musicVolume, volumeForLevel(2));
+    click(scrollSpeedSlider.x + 9 * 16, scrollSpeedSlider.y);
+    EXPECT_EQ(settings.scrollSpeed, 10);
+
+    // Video choices wait for the next start: only the configuration changes.
+    click(fullscreenModeButton);
+    click(color16Button);
+    EXPECT_EQ(settings.fullscreen, 1);
+    EXPECT_EQ(settings.colorDepth32, 0);
+    EXPECT_EQ(options.noticeRising, 1);
+    const std::string path = root + "/gameconfig.cfg";
+    ASSERT_TRUE(writeConfigTo(path.c_str()));
+    const std::string written = readAll(path);
+    for (const char *line : {"SCREENMODE = FULLSCREEN\n", "COLORDEPTH = 16\n", "SCROLLSPEED = 10\n",
+                             "SOUND VOLUME = 8\n", "MUSIC VOLUME = 2\n"})
+        EXPECT_NE(written.find(line), std::string::npos) << line;
+    std::string error;
+    settings = {};
+    ASSERT_TRUE(readConfigFrom(path.c_str(), &error)) << error;
+    EXPECT_EQ(settings.soundVolume, 8);
+
+    click(optionsReturnButton);
+    EXPECT_TRUE(settleOn(MainMenu));
+}
+
+// Help, credits and the exit screen end where the player expects, and
+// nothing acts on a click or a key during a fade.
+TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
+{
+    // A click on "View Manual" while the help screen fades in does nothing.
+    click(mainHelpButton);
+    ASSERT_EQ(currentScreen, (u32)Transition);
+    for (int i = 0; i < 12; i++)
+        click(dialogUpperButton);
+    EXPECT_FALSE(openManualRequested);
+    ASSERT_TRUE(settleOn(Help));
+    musicStopping = 0;
+    click(dialogUpperButton);
+    EXPECT_TRUE(openManualRequested);
+    EXPECT_TRUE(musicStopping);
+    openManualRequested = 0;
+    transition = {};
+    setScreen(Help);
+    click(dialogLowerButton);
+    ASSERT_TRUE(settleOn(MainMenu));
+
+    // The Right arrow waits for the menu's fade-in, then opens the credits at once.
+    startTransition(Help, MainMenu, StarfieldKeep);
+    for (int i = 0; i < 20; i++) {
+        RawInput raw = {};
+        raw.right = 1;
+        sampleInputFrom(raw);
+        runScreenLogic(currentScreen);
+        renderScreen(currentScreen);
+    }
+    EXPECT_NE(currentScreen, (u32)CreditsScreen);
+    ASSERT_TRUE(settleOn(MainMenu));
+    RawInput right = {};
+    right.right = 1;
+    sampleInputFrom(right);
+    runScreenLogic(currentScreen);
+    EXPECT_EQ(currentScreen, (u32)CreditsScreen);
+
+    // The credits: 44 style-and-text pairs, left by Escape once no fade runs.
+    for (int i = 0; i < CREDIT_STRING_COUNT; i += 2) {
+        ASSERT_NE(CreditLines[i], nullptr);
+        ASSERT_NE(CreditLines[i + 1], nullptr);
+        double style = convertToDouble(CreditLines[i]);
+        EXPECT_TRUE(style == 1 || style == 2) << i;
+        EXPECT_LE(strlen(CreditLines[i + 1]) * 14, 620u) << CreditLines[i + 1] << " is wider than the screen";
+    }
+    creditScroll = 1399.8f;
+    frame(0, 0, false);
+    EXPECT_EQ(creditScroll, -30.0f) << "the column starts again from below";
+    RawInput escape = {};
+    escape.escape = 1;
+    sampleInputFrom(escape);
+    runScreenLogic(currentScreen);
+    ASSERT_TRUE(settleOn(MainMenu));
+
+    // Exit Game: the exit screen's buttons wait for its fade-in, then end the game.
+    click(mainExitButton);
+    for (int i = 0; i < 12; i++)
+        click(exitGameButton);
+    EXPECT_FALSE(transition.quitWhenDark);
+    ASSERT_TRUE(settleOn(ExitScreen));
+    click(exitGameButton);
+    EXPECT_TRUE(transition.quitWhenDark);
+    quitRequested = 0;
+    for (int i = 0; i < 40 && !quitRequested; i++)
+        frame(0, 0, false);
+    EXPECT_TRUE(quitRequested);
+    EXPECT_FALSE(openWebsiteAfterExit);
+    quitRequested = 0;
+    transition = {};
+}
