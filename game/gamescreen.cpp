@@ -97,9 +97,14 @@ void gameTick()
     tickStatus();
     const bool launchClicked = updateLaunchButton();
     // The button reports its click on the tick after the press, and a script
-    // names the step of the press.
-    if (launchClicked)
+    // names the step of the press. The button lies over the level, so the
+    // same press was taken as a click on the cell beneath: the script's
+    // launch makes that click itself.
+    if (launchClicked && recordingPlay) {
+        if (!playRecord.empty() && playRecord.back().kind == ActClick && playRecord.back().step == levelTick - 1)
+            playRecord.pop_back();
         record(levelTick - 1, ActLaunch);
+    }
     tickLaunchPanelWith(launchClicked);
     updateBubblemen();
     updateExplosions();
