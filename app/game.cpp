@@ -3,6 +3,7 @@
 #include "app/launch.h"
 #include "app/log.h"
 #include "app/screens.h"
+#include "app/signals.h"
 #include "app/startup.h"
 #include "frontend/frontend.h"
 #include "render/draw.h"
@@ -37,15 +38,14 @@ void runMainLoop()
         framesThisSecond++;
         rest(0);
         checkGlError();
-        if (openManualRequested) {
-            char path[1100];
-            snprintf(path, sizeof path, "%s/manual.html", DataRoot);
-            openWithShell(path);
-            openManualRequested = 0;
-            quitRequested = 1;
-        }
+        if (openManualRequested)
+            openManualAndQuit();
         if (closeButtonPressed)
             quitRequested = 1;
+        if (quitSignalReceived() && !quitRequested) {
+            logLine("Asked to end by signal %d", quitSignalReceived());
+            quitRequested = 1;
+        }
     }
 }
 
@@ -69,7 +69,9 @@ void shutDown()
 
 int runGame()
 {
+    noteInheritedSignals();
     startLibraries();
+    installQuitSignals();
     readConfig();
     setVideoMode();
     LOCK_VARIABLE(closeButtonPressed);

@@ -403,8 +403,20 @@ void installTimers()
     logLine("Timers successfully calibrated");
 }
 
+// A stopped process, or a machine waking from sleep, comes back owing every
+// tick of the pause, and played out before the next picture they would be
+// minutes or hours of logic with the window frozen. One frame plays at most
+// three seconds' worth and forgets the rest, as if the game had been paused
+// meanwhile; an ordinary slow frame owes far fewer and loses nothing.
+extern const int32_t MAX_TICKS_PER_FRAME = 3 * 40;
+
 void runOwedTicks()
 {
+    const int32_t owed = tickCounter;
+    if (owed > MAX_TICKS_PER_FRAME) {
+        tickCounter -= owed - MAX_TICKS_PER_FRAME;  // ticks counted meanwhile still count
+        logLine("Skipped %d ticks owed after a pause", (int)(owed - MAX_TICKS_PER_FRAME));
+    }
     while (tickCounter > 0) {
         runScreenLogic(currentScreen);
         advancePulses();

@@ -111,7 +111,8 @@ void introFrame();
 void resetIntro();
 
 // One turn of the main loop's tick section: screen logic, shared animations,
-// audio, for every tick owed.
+// audio, for every tick owed, but never more than MAX_TICKS_PER_FRAME.
+extern const int32_t MAX_TICKS_PER_FRAME;
 void runOwedTicks();
 void checkGlError();
 

@@ -13,6 +13,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 static void dialogLabel(const Button &b, float dx, const char *text)
 {
@@ -36,7 +37,10 @@ void slowDriverFrame()
     // while the intro is already fading in.
     if (wasClicked(dialogUpperButton)) {
         set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
-        launchProcess(toolPath, "GfxDriverTool", 0);
+        // Its full path goes in as its own name too, so the tool knows the
+        // game directory whatever folder the game was started from.
+        const std::string commandLine = std::string("\"") + toolPath + "\"";
+        launchProcess(toolPath, commandLine.c_str(), 0);
         exit(1);
     } else if (wasClicked(dialogLowerButton) && transition.alpha == 0.0f) {
         startTransition(SlowDriverWarning, Intro, StarfieldMenu);

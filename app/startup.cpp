@@ -169,10 +169,11 @@ static bool tryFallbackChain()
 
 // Mesa's software renderers refuse every mode that requires a render method;
 // with the method only suggested they open a window, so this last try keeps
-// the game playable on machines without a GPU driver.
+// the game playable on machines without a GPU driver. The library's reason
+// for the requested mode is already in the log, and the fall-backs fail for
+// the same cause: it is not repeated here.
 static bool trySuggestedRenderMethod()
 {
-    logLine("# ERROR! # %s", allegro_error);
     logLine("Attempting 32-bit windowed video mode without a required render method...");
     settings.fullscreen = 0;
     settings.colorDepth32 = 1;

@@ -15,14 +15,29 @@ rm -rf "$WORK"
 mkdir -p "$WORK/bin"
 
 # A fatal message box would wait for a click: this stand-in for xmessage
-# records the message and returns at once.
+# records the message, one box a line, and returns at once (as the first
+# button would).
 cat > "$WORK/bin/xmessage" <<'STUB'
 #!/bin/sh
-printf '%s\n' "$*" >> "$XMESSAGE_LOG"
+printf '%s' "$*" | tr '\n' ' ' >> "$XMESSAGE_LOG"
+echo >> "$XMESSAGE_LOG"
 exit 0
 STUB
-chmod +x "$WORK/bin/xmessage"
+# The desktop's opener: records what it was asked to open, from which folder
+# and with which descriptors open (listed with its output moved for good, so
+# the list holds only what it was given).
+cat > "$WORK/bin/xdg-open" <<'STUB'
+#!/bin/sh
+exec > "$XDG_OPEN_LOG.fds"
+ls -l /proc/$$/fd/
+exec > "$XDG_OPEN_LOG"
+for a in "$@"; do printf 'arg %s\n' "$a"; done
+printf 'cwd %s\n' "$(pwd)"
+exit 0
+STUB
+chmod +x "$WORK/bin/xmessage" "$WORK/bin/xdg-open"
 export PATH="$WORK/bin:$PATH"
+export XDG_OPEN_LOG=$WORK/xdg-open.log
 
 check() {  # check <description> <command...>
     local what=$1; shift
@@ -44,6 +59,19 @@ wait_for_line() {  # wait_for_line <file> <text> <seconds>
         sleep 0.1
     done
     return 1
+}
+
+# The boxes a player saw, one a line; the video mode's notice is the one box
+# a software renderer shows on every start.
+VIDEO_BOX="Failed to set requested Video Mode. Trying alternatives..."
+boxes_other_than_video() {  # boxes_other_than_video <xmessage log>
+    grep -vF -- "$VIDEO_BOX" "$1" 2>/dev/null
+}
+video_boxes_fit_log() {  # video_boxes_fit_log <xmessage log> <gamelog>: one box exactly when the mode failed
+    local want=0 got
+    grep -qF "Failed to set requested Video Mode" "$2" && want=1
+    got=$(grep -cF -- "$VIDEO_BOX" "$1" 2>/dev/null)
+    test "${got:-0}" = "$want"
 }
 
 wait_for_exit() {  # wait_for_exit <pid> <seconds>; sets exit_status (runs in this shell: only it can wait)
@@ -133,6 +161,9 @@ check "the log ends with its trailer" test "$(tail -c 17 "$G/gamelog.txt")" = ":
 check "the log has no OpenGL error" bash -c "! grep -q 'ERROR: GL_' '$G/gamelog.txt'"
 check "the configuration has sixteen lines" test "$(awk 'END { print NR }' "$G/gameconfig.cfg")" = 16
 check "the configuration is still readable" grep -qx "SCREENMODE = WINDOWED" "$G/gameconfig.cfg"
+check "the video mode's box shows once, when the mode failed" video_boxes_fit_log "$XMESSAGE_LOG" "$G/gamelog.txt"
+check "no other box was shown" test -z "$(boxes_other_than_video "$XMESSAGE_LOG")"
+check "no error line is logged twice" test -z "$(grep '^# ERROR! #' "$G/gamelog.txt" | sort | uniq -d)"
 
 # ---------------------------------------------------------------------------
 # 2. Fatal starts: the game's own log line and message, status 255, no crash.
@@ -145,6 +176,9 @@ fatal_case() {  # fatal_case <name> <log line> <message> <env...>; the copy is $
     check "$name: exit status 255 (got $status)" test "$status" = 255
     check "$name: log line '$logText'" grep -qF -- "$logText" "$dir/gamelog.txt"
     check "$name: message '$message'" grep -qF -- "$message" "$WORK/$name.out" "$XMESSAGE_LOG"
+    check "$name: exactly its own box" test "$(boxes_other_than_video "$XMESSAGE_LOG" | grep -cF -- "$message")" = 1 -a \
+        "$(boxes_other_than_video "$XMESSAGE_LOG" | wc -l)" = 1
+    check "$name: the video mode's box only if the mode failed" video_boxes_fit_log "$XMESSAGE_LOG" "$dir/gamelog.txt"
     check "$name: no sanitizer report" bash -c "! grep -q 'Sanitizer' '$WORK/$name.out'"
 }
 
@@ -179,6 +213,93 @@ if [ -x /usr/bin/dat ]; then
     dat -d "$WORK/nostars/DATA/DATA.DAT" SPRITES2/STARS/DATA02_TGA > /dev/null 2>&1
     if dat -l "$WORK/nostars/DATA/DATA.DAT" 2>/dev/null | grep -q DATA02_TGA; then :; fi
     fatal_case nostars "# ERROR! # Cannot load STAR data" "Cannot load data"
+fi
+
+# ---------------------------------------------------------------------------
+# 3. Suspend and signals: a stopped game draws again at once, and a logout,
+# kill or Ctrl+C ends it like the close box (configuration written, trailer,
+# status 0).
+# A script's background job starts with SIGINT ignored, which the game
+# honours; the player's terminal does not, so the default is put back first.
+launch() {  # launch <name> [folder to start in]: runs $WORK/<name>/Delvemoor in the background as $GAME
+    G=$WORK/$1
+    export XMESSAGE_LOG=$WORK/$1-xmessage.log
+    (cd "${2:-$G}" && exec "$PY" -c 'import os, signal, sys; signal.signal(signal.SIGINT, signal.SIG_DFL); os.execv(sys.argv[1], sys.argv[1:])' "$G/Delvemoor" > "$WORK/$1.out" 2>&1) &
+    GAME=$!
+}
+click_at() {  # click_at <x> <y>: a player's click in the game window, held a few frames
+    local wid
+    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
+    [ -n "$wid" ] || return 1
+    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
+    sleep 0.5
+    xdotool mouseup 1
+}
+ended_normally() {  # ended_normally <name> <signal number>
+    wait_for_exit "$GAME" 60
+    check "$1: status 0 (got $exit_status)" test "$exit_status" = 0
+    check "$1: the signal is logged" grep -qF "Asked to end by signal $2" "$G/gamelog.txt"
+    check "$1: the configuration is written" grep -qF "Successfully wrote gameconfig.cfg" "$G/gamelog.txt"
+    check "$1: the log ends with its trailer" test "$(tail -c 17 "$G/gamelog.txt")" = ":: End Of LogFile"
+}
+SOFTWARE=0
+grep -qF "OpenGL Card: llvmpipe" "$WORK/normal/gamelog.txt" && SOFTWARE=1
+
+fresh_copy "$WORK/suspend"
+launch suspend
+check "suspend: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
+sleep 2
+# The slow-driver warning holds still; the menu's stars move.
+[ "$SOFTWARE" = 1 ] && click_at 320 332
+sleep 6
+kill -STOP "$GAME"
+sleep 6
+kill -CONT "$GAME"
+sleep 1
+check "suspend: the pause's ticks are skipped, not played" grep -qF "Skipped" "$G/gamelog.txt"
+screenshot "$WORK/suspend-1.png" > /dev/null
+sleep 0.3
+screenshot "$WORK/suspend-2.png" > /dev/null
+check "suspend: the game draws again within a second" bash -c "! cmp -s '$WORK/suspend-1.png' '$WORK/suspend-2.png'"
+kill -INT "$GAME"
+ended_normally "SIGINT" 2
+
+# The level line's extra words go when the game writes the file back.
+fresh_copy "$WORK/sigterm"
+sed -i 's/^GAME_LEVEL = \(.*\)/GAME_LEVEL = \1 (edited)/' "$WORK/sigterm/gameconfig.cfg"
+launch sigterm
+check "sigterm: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
+kill -TERM "$GAME"
+ended_normally "SIGTERM" 15
+check "SIGTERM: the configuration is the game's own again" bash -c "! grep -q edited '$G/gameconfig.cfg'"
+
+# A hang-up while the data is still loading ends the game once the loop starts.
+fresh_copy "$WORK/sighup"
+launch sighup
+check "sighup: starts loading" wait_for_line "$G/gamelog.txt" "Loading game data..." 120
+kill -HUP "$GAME"
+ended_normally "SIGHUP" 1
+
+# ---------------------------------------------------------------------------
+# 4. "Update Drivers", with the game started from another folder: the game
+# ends with status 1 and no shut-down, the driver tool finds the game
+# directory from its own path, shows its advice in a box and opens the
+# manual's page about drivers with nothing of the game's left open.
+if [ "$SOFTWARE" = 1 ]; then
+    fresh_copy "$WORK/drivers"
+    rm -f "$XDG_OPEN_LOG" "$XDG_OPEN_LOG.fds"
+    launch drivers "$WORK"
+    check "drivers: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
+    sleep 2
+    click_at 320 296
+    wait_for_exit "$GAME" 60
+    check "drivers: the game ends with status 1 (got $exit_status)" test "$exit_status" = 1
+    check "drivers: no shut-down ran" bash -c "! grep -qF 'End Of LogFile' '$G/gamelog.txt'"
+    check "drivers: the manual's drivers page opens" wait_for_line "$XDG_OPEN_LOG" "arg file://$G/manual.html#drivers" 30
+    check "drivers: the advice reaches a box" grep -qF "software renderer" "$XMESSAGE_LOG"
+    check "drivers: nothing of the game is open in the opener" \
+        test -z "$(awk -v bin="$WORK/bin/" '/ -> / && $(NF-2) > 2 && index($NF, bin) != 1' "$XDG_OPEN_LOG.fds")"
+    check "drivers: the opener's descriptors were listed" grep -q " 0 -> " "$XDG_OPEN_LOG.fds"
 fi
 
 echo

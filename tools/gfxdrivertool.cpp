@@ -1,7 +1,9 @@
 // GfxDriverTool: started by the game's "Update Drivers" button. It tells the
 // player which OpenGL renderer the desktop gives the game, whether that is a
 // software rasteriser, and how to install the distribution's GPU driver, then
-// opens the manual's page about drivers.
+// opens the manual's page about drivers. The game has already closed when this
+// runs, and a player who started it from a desktop menu has no terminal: the
+// advice goes into a message box as well as onto standard output.
 
 #include "app/launch.h"
 #include "app/startup.h"
@@ -14,6 +16,7 @@
 #include <cstring>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 // The renderer the X server's default screen gives a plain GLX context, which
 // is what the game's window gets too. Empty when there is no display.
@@ -51,9 +54,46 @@ static std::string queryRenderer(std::string *vendor, std::string *version)
     return renderer;
 }
 
+// The game directory is where this program lies, whatever folder it was
+// started from: the kernel's own link to the running file, or failing that
+// argv[0] made absolute.
+static std::string gameDirectory(const char *argv0)
+{
+    char exe[1024];
+    const ssize_t n = readlink("/proc/self/exe", exe, sizeof exe - 1);
+    std::string path;
+    if (n > 0) {
+        exe[n] = 0;
+        path = exe;
+    } else if (argv0) {
+        path = argv0;
+        char cwd[1024];
+        if (path[0] != '/' && getcwd(cwd, sizeof cwd))
+            path = std::string(cwd) + "/" + path;
+    }
+    setDataRootFromExecutable(path.c_str());
+    return DataRoot[0] ? DataRoot : "/";
+}
+
+static std::string advice(const std::string &renderer, const std::string &vendor, const std::string &version)
+{
+    std::string text = "OpenGL renderer: " + renderer + "\nOpenGL vendor:   " + vendor +
+                       "\nOpenGL version:  " + version + "\n\n";
+    if (isSoftwareRenderer(renderer.c_str()))
+        text += "This is a software renderer: your graphics card's driver is not in use.\n\n"
+                "On Debian and Ubuntu, install the driver for your card:\n"
+                "  AMD:    sudo apt install firmware-amd-graphics libgl1-mesa-dri\n"
+                "  Intel:  sudo apt install libgl1-mesa-dri intel-media-va-driver\n"
+                "  NVIDIA: sudo apt install nvidia-driver   (from the non-free section)\n"
+                "then log out and back in, and run this tool again.\n";
+    else
+        text += "This is a hardware renderer: Delvemoor should run smoothly.\n";
+    return text;
+}
+
 int main(int argc, char **argv)
 {
-    (void)argc;
+    const std::string manual = "file://" + gameDirectory(argc > 0 ? argv[0] : nullptr) + "/manual.html#drivers";
     std::string vendor, version;
     std::string renderer = queryRenderer(&vendor, &version);
 
@@ -63,32 +103,16 @@ int main(int argc, char **argv)
                "Start this tool from your desktop session.\n");
         return 1;
     }
-    printf("OpenGL renderer: %s\nOpenGL vendor:   %s\nOpenGL version:  %s\n\n", renderer.c_str(),
-           vendor.c_str(), version.c_str());
+    const std::string text = advice(renderer, vendor, version);
+    printf("%s\nThe manual's page about drivers: %s\n", text.c_str(), manual.c_str());
+    fflush(stdout);
 
-    if (isSoftwareRenderer(renderer.c_str())) {
-        printf("This is a software renderer: your graphics card's driver is not in use.\n\n"
-               "On Debian and Ubuntu, install the driver for your card:\n"
-               "  AMD:    sudo apt install firmware-amd-graphics libgl1-mesa-dri\n"
-               "  Intel:  sudo apt install libgl1-mesa-dri intel-media-va-driver\n"
-               "  NVIDIA: sudo apt install nvidia-driver   (from the non-free section)\n"
-               "then log out and back in, and run this tool again.\n");
-    } else {
-        printf("This is a hardware renderer: Delvemoor should run smoothly.\n");
-    }
-
-    // The manual lives beside this tool in the game directory.
-    char path[2048];
-    setDataRootFromExecutable(argv[0]);
-    snprintf(path, sizeof path, "%s/manual.html#drivers", DataRoot[0] ? DataRoot : ".");
-    if (path[0] != '/') {
-        char cwd[1024];
-        if (getcwd(cwd, sizeof cwd)) {
-            std::string full = std::string(cwd) + "/" + path;
-            snprintf(path, sizeof path, "%s", full.c_str());
-        }
-    }
-    printf("\nOpening the manual's page about drivers: %s\n", path);
-    openWithShell((std::string("file://") + path).c_str());
+    // The box waits for the player. "Open Manual" opens the drivers page, and
+    // so does a box that cannot be shown at all: the page then says it all.
+    const int choice = runAndWait({"xmessage", "-center", "-title", "Delvemoor graphics driver check",
+                                   "-buttons", "Open Manual:0,Close:1", "-default", "Open Manual",
+                                   "Delvemoor graphics driver check\n\n" + text});
+    if (choice == 0 || choice == -1)
+        openWithShell(manual.c_str());
     return 0;
 }
