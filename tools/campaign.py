@@ -124,6 +124,9 @@ def offered_tools(level):
         return "hatcher only"
     if len(offered) == len(levelmaps.TOOLS):
         return "all"
+    locked = [t for t in levelmaps.TOOLS if t in level["locks"]]
+    if len(locked) < len(offered):
+        return "all but " + ", ".join(SHORT_TOOL[t] for t in locked)
     return ", ".join(SHORT_TOOL[t] for t in offered)
 
 
@@ -257,8 +260,10 @@ def shoot_level(levelshot, lev, work, name):
 def sheet(args):
     from PIL import Image, ImageDraw, ImageFont
     names = mission_maps(args.maps)
-    cell, columns = 6, 5                        # each 32-pixel cell drawn 6 pixels wide
-    box_w, box_h, label = 60 * cell + 12, 40 * cell + 28, 16
+    # each 32-pixel cell drawn 8 pixels wide; a mission larger than 44 x 32
+    # cells is drawn smaller to fit its box
+    cell, columns = 8, 5
+    box_w, box_h, label = 44 * cell + 12, 32 * cell + 28, 16
     rows = (len(names) + columns - 1) // columns
     out = Image.new("RGB", (columns * box_w, max(1, rows) * box_h), (24, 26, 32))
     draw = ImageDraw.Draw(out)
