@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -47,7 +48,7 @@ WriteFailure writeFileAtomically(const std::string &path, const std::string &tex
     const std::string folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
     const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
     std::string temp = folder + "." + name + ".XXXXXX";
-    int fd = mkstemp(&temp[0]);
+    int fd = mkostemp(&temp[0], O_CLOEXEC);
     if (fd < 0)
         return fail(errno, "cannot create a file beside", path, detail);
     // mkstemp makes the file private; a level is an ordinary file of the player's.
@@ -94,7 +95,7 @@ WriteFailure writeFileAtomically(const std::string &path, const std::string &tex
         unlink(temp.c_str());
     // The rename itself lives in the folder: flush it too, or a crash just
     // after could bring back the old name.
-    const int dir = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY);
+    const int dir = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (dir >= 0) {
         fsync(dir);
         close(dir);

@@ -196,7 +196,7 @@ static bool writeAll(int fd, const std::string &text)
 bool writeConfigTo(const char *path)
 {
     std::string temporary = std::string(path) + ".new";
-    int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (fd < 0)
         return false;
     bool ok = writeAll(fd, configText()) && fsync(fd) == 0;

@@ -8,11 +8,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 const char GAME_VERSION[] = GAME_VERSION_TEXT;
 
-static std::ofstream logStream;
+// Opened close-on-exec ("e"): a program started while the game runs must not
+// hold the log open after the game has gone.
+static FILE *logFile = nullptr;
 static FatalHook fatalHook = nullptr;
 
 struct OsName {
@@ -58,19 +59,21 @@ void openLog()
 
 void openLogAt(const char *path)
 {
-    logStream.open(path, std::ios::out | std::ios::trunc);
-    if (!logStream.good())
+    if (logFile)
+        fclose(logFile);
+    logFile = fopen(path, "we");
+    if (!logFile)
         fatalError("Cannot create gamelog.txt!");
-    logStream << ":: Delvemoor Game Log\n";
-    logStream << "GAME_VERSION: " << GAME_VERSION << "\n";
-    logStream << "OS: " << osTypeName(os_type) << " (v" << os_version << "." << os_revision << ")\n";
-    logStream << "ALLEGRO VERSION: " << allegro_id << "\n";
-    logStream.flush();
+    fprintf(logFile, ":: Delvemoor Game Log\n");
+    fprintf(logFile, "GAME_VERSION: %s\n", GAME_VERSION);
+    fprintf(logFile, "OS: %s (v%d.%d)\n", osTypeName(os_type), os_version, os_revision);
+    fprintf(logFile, "ALLEGRO VERSION: %s\n", allegro_id);
+    fflush(logFile);
 }
 
 bool logIsOpen()
 {
-    return logStream.is_open();
+    return logFile != nullptr;
 }
 
 // Every line starts with a break, so the first one leaves an empty line below
@@ -82,18 +85,19 @@ void logLine(const char *format, ...)
     va_start(args, format);
     uvszprintf(line, sizeof line, format, args);
     va_end(args);
-    if (!logStream.is_open())
+    if (!logFile)
         return;
-    logStream << "\n" << line;
-    logStream.flush();
+    fprintf(logFile, "\n%s", line);
+    fflush(logFile);
 }
 
 void closeLog()
 {
-    if (!logStream.is_open())
+    if (!logFile)
         return;
-    logStream << "\n" << "Stopping logs..." << "\n" << "\n" << ":: End Of LogFile";
-    logStream.close();
+    fputs("\nStopping logs...\n\n:: End Of LogFile", logFile);
+    fclose(logFile);
+    logFile = nullptr;
 }
 
 void setFatalHook(FatalHook hook)
@@ -112,8 +116,8 @@ void fatalError(const char *format, ...)
     if (fatalHook)
         fatalHook(message);
 
-    if (logStream.is_open())
-        logStream.flush();
+    if (logFile)
+        fflush(logFile);
     // Back to text mode first so the message box is not hidden behind a
     // full-screen window. Allegro shows the box with xmessage under X and
     // prints to stderr without a display.

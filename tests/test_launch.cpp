@@ -131,6 +131,23 @@ TEST_F(Launch, OpenedDocumentsAndStartedProgramsGetTheirArgumentsAndNothingElse)
     EXPECT_NE(std::string::npos, record.find("cwd ")) << record;
     expectOnlyStandardDescriptors(record);
 
+    // Programs started some other way (the library's own message boxes)
+    // must not inherit the log either.
+    bool logFound = false;
+    for (int fd = 3; fd < 1024; fd++) {
+        char link[64], target[4096];
+        snprintf(link, sizeof link, "/proc/self/fd/%d", fd);
+        const ssize_t n = readlink(link, target, sizeof target - 1);
+        if (n <= 0)
+            continue;
+        target[n] = 0;
+        if (std::string(target) != dir + "/gamelog.txt")
+            continue;
+        logFound = true;
+        EXPECT_TRUE(fcntl(fd, F_GETFD) & FD_CLOEXEC) << "the log is not close-on-exec";
+    }
+    EXPECT_TRUE(logFound);
+
     // A program the caller waits for reports its exit status.
     EXPECT_EQ(3, runAndWait({"GfxDriverTool", "one"}));
     EXPECT_EQ(-1, runAndWait({"no-such-program-anywhere"}));
