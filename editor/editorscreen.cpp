@@ -33,7 +33,7 @@ namespace {
 // The paint tools in palette order, with their captions.
 const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
     "Dirt", "Rocks", "Clear", "Pod", "Rocket", "Diamond", "Credits",
-    "Spikes", "Vortex", "Radioactive", "Explosive", "Items", "Water",
+    "Spikes", "Vortex", "Radiation", "Explosive", "Items", "Water",
 };
 const int WIDE_PALETTE = 10;
 
@@ -90,24 +90,30 @@ Button &sourceButton = editorTopRightButton;
 Button &openBackButton = editorCentreButton;
 Button &menuBackButton = editorBottomCentreButton;
 
-// A planet button of the 2 x 2 grid, laid out as the selection screen's:
-// 1 and 4 on the top row, 2 and 3 below.
+// A planet button of the 2 x 2 grid.
 Button &planetButton(int32_t planet)
 {
-    static const int gridIndex[4] = {0, 1, 3, 2};
-    // Grid order (390,260) (320,220) (320,260) (390,220): planet 1 top right,
-    // 2 bottom left, 3 bottom right, 4 top left.
-    return editorGridButtons[gridIndex[planet - 1]];
+    return editorGridButtons[planet - 1];
 }
 
+// The table's grid stands 40 pixels a row, so its 64-pixel buttons overlap
+// and a click between two rows would choose both; on the settings panel the
+// rows stand apart, placed every frame as the selection screen places its
+// planets, and in the selection screen's order: 1 and 2 above, 3 and 4 below.
+void placePlanetButtons()
+{
+    static const float x[4] = {322, 390, 322, 390};
+    static const float y[4] = {284, 284, 216, 216};
+    for (int32_t p = 1; p <= 4; p++) {
+        planetButton(p).x = x[p - 1];
+        planetButton(p).y = y[p - 1];
+    }
+}
+
+// The turning globe of each planet, as the selection screen shows it.
 TextureId planetGlobe(int32_t planet)
 {
-    switch (planet) {
-    case 1: return Planet1Textures[0];
-    case 2: return Planet2Textures[0];
-    case 3: return Planet3Textures[0];
-    default: return Planet4Textures[0];
-    }
+    return ObjectFrameTable[planetGlobeSlot(planet)];
 }
 
 bool interactive()
@@ -387,7 +393,8 @@ void settingsPanelFrame()
     }
 
     setColour(1, 1, 1, 1);
-    drawSmallCentred(355, 300, "Planet");
+    drawSmallCentred(356, 326, "Planet");
+    placePlanetButtons();
     for (int32_t p = 1; p <= 4; p++) {
         Button &b = planetButton(p);
         if (s.planet == p)

@@ -40,6 +40,9 @@ const int32_t MessagePlanetLocked = 4;
 const int32_t MessageLevelUnreadable = 5;
 const int32_t MessageCustomMode = 6;
 
+// The object slot (ObjectFrameTable) of the turning globe that shows a planet.
+int planetGlobeSlot(int32_t planet);
+
 // Whether the start button may start the mission the screen shows.
 bool missionCanStart();
 

@@ -33,11 +33,21 @@ GameSelectState selectScreen = {1, 1, false, false, 1, 1, 1, 1, 0, 0, 0, 0, 0, 0
 
 static const float FADE_STEP = 0.08f;
 
-// Planet 1 top left, 2 top right, 3 bottom left, 4 bottom right; the globes'
-// object slots do not follow the planets' order.
+// Planet 1 top left, 2 top right, 3 bottom left, 4 bottom right.
 static const float PLANET_X[4] = {387, 493, 387, 493};
 static const float PLANET_Y[4] = {410, 410, 304, 304};
-static const int PLANET_GLOBE_SLOT[4] = {3, 4, 6, 5};
+
+static int32_t clampPlanet(int32_t planet)
+{
+    return planet < 1 ? 1 : planet > 4 ? 4 : planet;
+}
+
+// The globes' object slots do not follow the planets' order.
+int planetGlobeSlot(int32_t planet)
+{
+    static const int slots[4] = {3, 4, 6, 5};
+    return slots[clampPlanet(planet) - 1];
+}
 
 struct Message {
     int32_t id;
@@ -52,11 +62,6 @@ static const Message MESSAGES[] = {
     {MessageLevelUnreadable, "That Level Could Not Be Read!", 0},
     {MessageCustomMode, "", 104},
 };
-
-static int32_t clampPlanet(int32_t planet)
-{
-    return planet < 1 ? 1 : planet > 4 ? 4 : planet;
-}
 
 static std::list<CatalogueEntry> &shownList()
 {
@@ -359,7 +364,7 @@ static void drawWidgets()
     for (int k = 0; k < PLANET_COUNT; k++) {
         planetButtons[k].x = PLANET_X[k];
         planetButtons[k].y = PLANET_Y[k];
-        drawObject(PLANET_X[k], PLANET_Y[k], PLANET_GLOBE_SLOT[k], 1, 1, 1, 1);
+        drawObject(PLANET_X[k], PLANET_Y[k], planetGlobeSlot(k + 1), 1, 1, 1, 1);
     }
 
     drawButton(previousMissionButton);

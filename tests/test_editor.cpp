@@ -332,7 +332,7 @@ TEST_F(Editor, NewLevelTypedSavedAndLoadedBack)
     type("3");          // 2000 becomes 3000
     frame(320, 460, 0);
     clickButton(editorLeftColumnButtons[7]);    // lock the shovel
-    clickButton(editorGridButtons[3]);          // planet 3
+    clickButton(editorGridButtons[2]);          // planet 3
     EXPECT_EQ(editorScreen.settings.planet, 3);
     typeScancode(KEY_ENTER);
     frame(320, 460, 0);
