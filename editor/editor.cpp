@@ -66,6 +66,9 @@ struct TestPlay {
     float camX, camY;
 };
 TestPlay testPlay = {false, 0, NoTool, 0, 0};
+// The painting as its file would read, for the test-play's start and its Retry.
+std::string testPlayText;
+void (*retryOutsideTestPlay)() = nullptr;
 
 // Where the view stood when the editor was last left.
 float editorCamX = 200, editorCamY = -550;
@@ -443,21 +446,36 @@ bool proofMatchesPainting()
     return editorProof.valid && editorProof.generation == editorDoc.generation;
 }
 
+// The painting goes through the very reader its saved file will meet, in
+// memory: the run the player wins is the run levelcheck replays.
+static bool loadTestPlayLevel()
+{
+    std::istringstream in(testPlayText);
+    std::string error;
+    if (parseLevelStream(in, currentLevel, mission, &error))
+        return true;
+    logLine("# ERROR! # Test play: %s", error.c_str());
+    return false;
+}
+
+// "Retry" on the pause panel starts the painting afresh (after its resetMission).
+static void retryTestPlay()
+{
+    loadTestPlayLevel();
+}
+
 bool startTestPlay()
 {
     closeEditorSession();
-    // The painting goes through the very reader its saved file will meet,
-    // in memory: the run the player wins is the run levelcheck replays.
-    const std::string text = levelText(currentLevel, editorDoc.credits, editorDoc.toolLocked);
-    std::istringstream in(text);
-    std::string error;
+    testPlayText = levelText(currentLevel, editorDoc.credits, editorDoc.toolLocked);
     resetMission();
-    if (!parseLevelStream(in, currentLevel, mission, &error)) {
-        logLine("# ERROR! # Test play: %s", error.c_str());
+    if (!loadTestPlayLevel()) {
         currentLevel = editorDoc.level;
         setStatus(StatusTestPlayFailed);
         return false;
     }
+    retryOutsideTestPlay = reloadLevelForRetry;
+    reloadLevelForRetry = retryTestPlay;
     testPlay = TestPlay{true, editorDoc.generation, currentTool, camX, camY};
     currentTool = NoTool;
     playRecord.clear();
@@ -481,6 +499,7 @@ void finishTestPlay()
     }
     recordingPlay = false;
     levelReturnScreen = GameSelect;
+    reloadLevelForRetry = retryOutsideTestPlay;
     testPlay.running = false;
 
     currentLevel = editorDoc.level;

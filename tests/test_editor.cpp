@@ -472,7 +472,17 @@ TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
     EXPECT_EQ(mission.rocketCount, 1);
     EXPECT_EQ(mission.credits, NEW_LEVEL_CREDITS);
 
-    // Play changes the level: a hatcher, a hole, a lost bubbleman.
+    // Play changes the level: a hatcher, a hole. Retry starts the painting
+    // afresh, then a bubbleman is lost.
+    currentLevel.structures[3][9] = Hatcher;
+    currentLevel.terrain[10][8] = Empty;
+    mission.credits = 100;
+    resetMission();
+    reloadLevelForRetry();
+    EXPECT_EQ(currentLevel.terrain, painted);
+    EXPECT_EQ(currentLevel.structures[3][9], 0);
+    EXPECT_EQ(mission.credits, NEW_LEVEL_CREDITS);
+    EXPECT_EQ(mission.podsWithoutHatcher, 1);
     currentLevel.structures[3][9] = Hatcher;
     currentLevel.terrain[10][8] = Empty;
     mission.bubblemanLost = true;
