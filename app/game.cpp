@@ -5,6 +5,7 @@
 #include "app/screens.h"
 #include "app/signals.h"
 #include "app/startup.h"
+#include "editor/editor.h"
 #include "frontend/frontend.h"
 #include "render/draw.h"
 #include "render/textures.h"
@@ -54,6 +55,7 @@ void shutDown()
     endFrame2D();
     logLine("Starting shutdown routines...");
     writeConfig();
+    keepUnsavedEditorWork();
     releaseGameData();
     set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
     allegro_exit();

@@ -70,6 +70,9 @@ TestPlay testPlay = {false, 0, NoTool, 0, 0};
 std::string testPlayText;
 void (*retryOutsideTestPlay)() = nullptr;
 
+// Whether currentLevel holds the painting (the editor is on screen).
+bool paintingInCurrentLevel = false;
+
 // Where the view stood when the editor was last left.
 float editorCamX = 200, editorCamY = -550;
 
@@ -162,6 +165,7 @@ void openEditorSession()
     }
     camX = editorCamX;
     camY = editorCamY;
+    paintingInCurrentLevel = true;
     if (testPlay.running)
         finishTestPlay();
 }
@@ -172,6 +176,7 @@ void closeEditorSession()
     editorDoc.level = currentLevel;
     editorCamX = camX;
     editorCamY = camY;
+    paintingInCurrentLevel = false;
 }
 
 bool editorHasUnsavedChanges()
@@ -375,6 +380,32 @@ bool saveEditorLevel()
         unlink(solutionPathFor(path).c_str());
     setStatus(StatusLevelSaved);
     return true;
+}
+
+void discardEditorChanges()
+{
+    if (!editorHasUnsavedChanges())
+        return;
+    if (editorDoc.path.empty() || !openEditorLevel(editorDoc.path, false))
+        editorDoc.exists = false;
+}
+
+void keepUnsavedEditorWork()
+{
+    if (!editorHasUnsavedChanges())
+        return;
+    const Level &painting = paintingInCurrentLevel ? currentLevel : editorDoc.level;
+    const std::string folder = customLevelFolder();
+    mkdir(folder.c_str(), 0755);
+    Level copy = painting;
+    copy.campaignLevel = 0;
+    const std::string path = folder + "/" + newLevelFileName(folder, painting.title + " unsaved");
+    std::string detail;
+    if (writeFileAtomically(path, levelText(copy, editorDoc.credits, editorDoc.toolLocked), false, &detail) ==
+        WriteOk)
+        logLine("The editor's unsaved level is kept as %s", path.c_str());
+    else
+        logLine("# ERROR! # Cannot keep the editor's unsaved level: %s", detail.c_str());
 }
 
 // ---------------------------------------------------------------------------

@@ -105,6 +105,15 @@ struct EditorProof {
 extern EditorProof editorProof;
 bool proofMatchesPainting();
 
+// The player chose to throw the changes away: the level goes back to its
+// file, or, never saved, is forgotten (the next visit starts a blank one).
+void discardEditorChanges();
+
+// At shut-down (the window closed, a signal) with the painting unsaved: it
+// is saved as a new custom level beside the others, named after its title
+// with "unsaved", so quitting never loses it and never writes over a file.
+void keepUnsavedEditorWork();
+
 // The messages of the editor.
 extern const char StatusLevelSaved[];
 extern const char StatusSaveReadOnly[];

@@ -593,6 +593,10 @@ void answerQuestion(int32_t choice)
     // going on would lose the very work the question was about.
     if (choice == 0 && !saveEditorLevel())
         return;
+    // New and Open replace the level anyway; leaving must not keep what the
+    // player threw away for the next visit (or for the rescue at quitting).
+    if (choice == 1 && action == LeaveEditorAction)
+        discardEditorChanges();
     carryOut(action);
 }
 

@@ -19,6 +19,7 @@
 #include "game/status.h"
 #include "world/catalogue.h"
 #include "world/level.h"
+#include "world/level_writer.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -454,6 +455,29 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     EXPECT_EQ(currentScreen, (u32)Transition);
     EXPECT_EQ(transition.to, (u32)MainMenu);
     EXPECT_EQ(fileText(path), before);
+    EXPECT_FALSE(editorHasUnsavedChanges()) << "the level is back as its file holds it";
+    EXPECT_EQ(levelText(editorDoc.level, editorDoc.credits, editorDoc.toolLocked), before);
+}
+
+TEST_F(Editor, QuittingKeepsUnsavedWorkInANewFile)
+{
+    chooseTool(PaintPod);
+    paintAt(4, 9);
+    ASSERT_TRUE(saveEditorLevel());
+    const std::string before = fileText(editorDoc.path);
+    keepUnsavedEditorWork();
+    EXPECT_EQ(folderNames(), std::vector<std::string>{"new-level.level"}) << "nothing unsaved, nothing kept";
+
+    chooseTool(PaintRocket);
+    paintAt(8, 9);
+    const TerrainGrid painted = currentLevel.terrain;
+    keepUnsavedEditorWork();
+    EXPECT_EQ(folderNames(), (std::vector<std::string>{"new-level-unsaved.level", "new-level.level"}));
+    EXPECT_EQ(fileText(editorDoc.path), before);
+    Level kept;
+    std::string error;
+    ASSERT_TRUE(tryLoadLevelFromFile(kept, (folder() + "/new-level-unsaved.level").c_str(), &error)) << error;
+    EXPECT_EQ(kept.terrain, painted);
 }
 
 TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
