@@ -40,7 +40,7 @@ LEGEND = {
     "@": 15,                      # vortex
     "$": 17,                      # credits to pick up
     "~": 18,                      # water
-    "1": 19, "2": 20, "3": 21, "4": 22,   # world items (3 and 4 can be dug)
+    "1": 19, "2": 20, "3": 21, "4": 22,   # world items: amethyst, crate, mushroom, shrub (3 and 4 can be dug)
     "X": 23,                      # explosive
 }
 TOOLS = ["girder", "left-girder", "right-girder", "lift", "left-exit", "right-exit",

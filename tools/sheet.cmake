@@ -1,6 +1,7 @@
 # campaign_sheet: every mission in one picture, each drawn whole by levelshot
 # through the game's own level view (build/campaign_sheet.png). Made on
-# demand, not with every build: it draws a few hundred frames.
+# demand, not with every build: it draws a few hundred frames. The fragments
+# are read in name order, so levelshot's own is read before this one.
 if(TARGET levelshot)
   find_program(CAMPAIGN_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
   add_custom_target(campaign_sheet

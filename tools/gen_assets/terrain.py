@@ -511,18 +511,22 @@ def item_tile(which):
             c.polygon([(x - 3.6 + lean * 0.8, base - hgt + 4), top, (x + lean * 0.9 + 0.3, base - hgt + 4)],
                       tuple(min(255, int(v * 1.25 + 30)) for v in col) + (255,))
             c.line([(x - 2.2, base - 1.5), (x - 2.2 + lean * 0.7, base - hgt + 5)], (235, 220, 255, 200), 0.8)
-    elif which == 1:    # bleached fossil skull of some great beast
-        c.ellipse((5, 11, 27, base - 2), (200, 190, 165, 255))
-        c.ellipse((5.6, 11.4, 24, base - 6), (226, 218, 194, 255))
-        c.rect((9, base - 9, 23, base), (200, 190, 165, 255), radius=2)
-        c.rect((9, base - 9, 13, base), (226, 218, 194, 255), radius=1)
-        c.ellipse((9, 16, 15, 22.5), (40, 30, 28, 255))
-        c.ellipse((17.5, 16, 23.5, 22.5), (40, 30, 28, 255))
-        c.ellipse((10, 17, 12.5, 19), (90, 75, 65, 255))
-        c.polygon([(16, 22.5), (14.3, 25.5), (17.7, 25.5)], (60, 48, 42, 255))
-        for x in (11.5, 14.5, 17.5, 20.5):
-            c.line([(x, base - 3.6), (x, base)], (120, 108, 92, 255), 0.8)
-        c.line([(20, 13), (22, 15.5), (21, 17)], (130, 118, 100, 255), 0.7)
+    elif which == 1:    # a crate of ore: planks bound in iron, too heavy to dig out
+        top = 5.5
+        c.rect((3, top, 29, base), (58, 36, 18, 255), radius=1)
+        for k in range(4):                           # planks laid across, lit on top
+            y0 = top + 1 + k * (base - top - 2) / 4
+            y1 = y0 + (base - top - 2) / 4 - 0.8
+            c.rect((4, y0, 28, y1), (150, 104, 56, 255) if k % 2 else (168, 118, 64, 255))
+            c.rect((4, y0, 28, y0 + 0.9), (200, 152, 92, 255))
+        c.line([(8, base - 2.5), (24, top + 2.5)], (58, 36, 18, 255), 3.4)
+        c.line([(8, base - 2.5), (24, top + 2.5)], (122, 82, 42, 255), 2.2)
+        for x0 in (3.5, 24.5):                       # iron bands and their rivets
+            c.rect((x0 - 0.5, top - 0.5, x0 + 4.5, base), (30, 30, 36, 255))
+            c.rect((x0, top, x0 + 4, base), (84, 86, 98, 255))
+            c.rect((x0, top, x0 + 1, base), (160, 164, 178, 255))
+            for y in (top + 3, (top + base) / 2, base - 3):
+                c.ellipse((x0 + 1.2, y - 1.1, x0 + 3.4, y + 1.1), (196, 200, 212, 255))
     elif which == 2:    # glowing mushroom (diggable)
         c.rect((13, 18, 19.5, base), (222, 212, 188, 255), radius=2)
         c.rect((13, 18, 15, base), (246, 240, 226, 255), radius=1)
@@ -868,7 +872,7 @@ def generate(reg):
         16: (vortex_tile(), "Vortex: a whirlpool, turned by the game"),
         17: (radioactive_overlay("r2", "seams"), "Radioactive2 glow overlay: glowing seams that join across cells, tinted"),
         18: (item_tile(0), "WorldItem1: amethyst cluster"),
-        19: (item_tile(1), "WorldItem2: fossil skull"),
+        19: (item_tile(1), "WorldItem2: a crate of ore bound in iron (the tutorial's crates)"),
         20: (item_tile(2), "WorldItem3: mushroom (diggable)"),
         21: (item_tile(3), "WorldItem4: alien shrub (diggable)"),
         22: (explosive_tile(), "Explosive: red drum of blasting compound"),
