@@ -26,7 +26,7 @@ struct TutorialBlock {
 };
 
 const TutorialLine introLines[] = {
-    {100, "Welcome to Delvemoor, where every bubbleman gets home!"},
+    {100, "Welcome to Delvemoor, rescuer of bubblemen!"},
     {120, "This introduction level is designed to help"},
     {130, "you learn the basics of the game."},
     {150, "In order to complete this level you must"},
