@@ -100,7 +100,7 @@ def main():
     ap.add_argument("--update-manifest", action="store_true",
                     help="rewrite --manifest instead of checking it")
     ap.add_argument("--levels", default=os.path.join(REPO, "levels"),
-                    help="folder of hand-made level files (P1M01.LEV ...) that replace placeholders")
+                    help="the levels folder, whose maps/ holds the sixty campaign maps (P1M01.map ...)")
     ap.add_argument("--only", help="comma-separated modules (for working on one folder)")
     ap.add_argument("--times", action="store_true", help="print the time of each module")
     args = ap.parse_args()
