@@ -3,7 +3,8 @@
 # and from the campaign's fourth mission on neither must the naive play (a
 # hatcher over every pod, "Hatch Pods", then "Launch" clicked as fast as it
 # answers). The table levels/CAMPAIGN.md must be what its tool makes of the
-# maps today, and no two missions may share a title.
+# maps today: no two missions share a title, and each planet's last five
+# missions take more moves and leave less to spare than its first five.
 set(CAMPAIGN_TOOL ${CMAKE_SOURCE_DIR}/tools/campaign.py)
 set(CAMPAIGN_DATAFILE ${GAME_DIR}/DATA/DATA.DAT)
 file(GLOB CAMPAIGN_MAPS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/levels/maps/P*M*.map)

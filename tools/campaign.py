@@ -158,6 +158,31 @@ def mean(values):
     return sum(values) / len(values) if values else 0.0
 
 
+def planet_groups(rows, planet):
+    """The won missions among a planet's first five and among its last five."""
+    won = [r for r in rows if r["level"]["planet"] == planet and r["won"]]
+    return ([r for r in won if int(r["name"][3:5]) <= 5], [r for r in won if int(r["name"][3:5]) >= 11])
+
+
+def share_left(part):
+    return mean([r["left"] / r["level"]["credits"] for r in part if r["level"]["credits"]])
+
+
+def flat_planets(rows):
+    """Planets whose last five missions do not ask more moves and leave less
+    to spare than their first five."""
+    out = []
+    for planet in range(1, 5):
+        first, last = planet_groups(rows, planet)
+        if len(first) < 5 or len(last) < 5:
+            continue
+        if mean([r["actions"] for r in last]) <= mean([r["actions"] for r in first]):
+            out.append("planet %d: its last five missions take no more moves than its first five" % planet)
+        if share_left(last) >= share_left(first):
+            out.append("planet %d: its last five missions leave no less of the credits than its first five" % planet)
+    return out
+
+
 def table_text(rows):
     out = ["# The campaign",
            "",
@@ -190,15 +215,12 @@ def table_text(rows):
                 r["name"], lv["mission"], lv["title"], lv["width"], lv["height"],
                 len(cells(lv, POD)), len(cells(lv, ROCKET)), lv["credits"], offered_tools(lv),
                 "-" if r["actions"] is None else r["actions"], left, ticks))
-        won = [r for r in mine if r["won"]]
-        first = [r for r in won if int(r["name"][3:5]) <= 5]
-        last = [r for r in won if int(r["name"][3:5]) >= 11]
+        first, last = planet_groups(rows, planet)
         out.append("")
         for label, part in (("Missions 1 to 5", first), ("Missions 11 to 15", last)):
             if part:
                 out.append("%s: %.1f actions on average, %.0f %% of the credits left." % (
-                    label, mean([r["actions"] for r in part]),
-                    100.0 * mean([r["left"] / r["level"]["credits"] for r in part if r["level"]["credits"]])))
+                    label, mean([r["actions"] for r in part]), 100.0 * share_left(part)))
         out.append("")
     return "\n".join(out)
 
@@ -214,10 +236,10 @@ def table(args):
     rows = table_rows(args.levelcheck, args.maps)
     text = table_text(rows)
     if args.check:
-        twice = repeated_titles(rows)
-        for line in twice:
-            print("title used more than once: " + line)
-        if twice:
+        faults = ["title used more than once: " + t for t in repeated_titles(rows)] + flat_planets(rows)
+        for line in faults:
+            print(line)
+        if faults:
             return 1
         old = open(args.check).read() if os.path.isfile(args.check) else ""
         if old != text:
