@@ -1,17 +1,18 @@
 #include "frontend/menuparts.h"
 #include "app/screens.h"
 #include "render/draw.h"
-#include "render/stars.h"
 #include "render/text.h"
 
 #include <allegro.h>
 #include <alleggl.h>
 
+// The falling stars are ticked on these screens but drawn only in a level's
+// sky: the backdrop has stars of its own, and hundreds of little quads would
+// cost a software renderer more than the whole rest of a menu.
 void drawMenuBackdrop()
 {
     resetDrawState();
     drawBackdrop();
-    drawStars();
 }
 
 void drawPointer()

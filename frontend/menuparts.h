@@ -1,5 +1,5 @@
-// Small drawing pieces every front-end screen shares: the turning backdrop
-// with its falling stars, the pointer, and the labels over the buttons.
+// Small drawing pieces every front-end screen shares: the turning backdrop,
+// the pointer, and the labels over the buttons.
 #pragma once
 
 #include "frontend/widgets.h"

@@ -163,7 +163,20 @@ void drawBackgroundTile(float x, float y, int index, float r, float g, float b, 
 
 // 1024 pixels overhang the 640 x 480 screen at every angle (its diagonal is
 // 800), so the turning picture never shows a corner.
+//
+// It fills the screen on every menu, so on a software renderer it is most of
+// a frame's cost. The picture is opaque: blending and the alpha test would
+// only read back and test what it covers anyway. And it is never drawn
+// smaller than its texture (512 pixels across), so only the magnifying filter
+// is ever used: a plain bilinear minifying filter spares the renderer its
+// per-pixel mipmap selection without changing a pixel.
 void drawBackdrop()
 {
-    drawSquare(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2, backdropAngle, SpriteTextures[39], 1, 1, 1, 1, 1024, false);
+    glDisable(GL_BLEND);
+    glDisable(GL_ALPHA_TEST);
+    placeTexture(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2, backdropAngle, SpriteTextures[39], 1, 1, 1, 1, false);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    texturedQuad(-512, -512, 512, 512);
+    glEnable(GL_ALPHA_TEST);
+    glEnable(GL_BLEND);
 }
