@@ -66,28 +66,44 @@ void purgeStars()
         it = it->dead ? StarList.erase(it) : std::next(it);
 }
 
+// Stars off the screen are skipped, and a run of stars with one picture is
+// one batch of quads: the software renderer pays for every glBegin.
 void drawStars()
 {
     // The world stars are shifted by the whole-pixel camera and half a cell,
     // so they scroll in step with the terrain drawn over them.
     float worldX = (float)(int)(-camX) + 16;
     float worldY = (float)(int)(-camY) + 16;
+    const float half = 4;
+    resetDrawState();
+    TextureId bound = 0;
+    bool open = false;
     for (const Star &star : StarList) {
         bool inWorld = starKinds[foldKind(star.kind)].inWorld;
-        resetDrawState();
-        glTranslatef(inWorld ? star.x + worldX : star.x, inWorld ? star.y + worldY : star.y, 1);
-        glBindTexture(GL_TEXTURE_2D, StarTextures[star.frame % 3]);
-        glBegin(GL_QUADS);
+        const float x = inWorld ? star.x + worldX : star.x;
+        const float y = inWorld ? star.y + worldY : star.y;
+        if (x + half <= 0 || x - half >= SCREEN_WIDTH || y + half <= 0 || y - half >= SCREEN_HEIGHT)
+            continue;
+        const TextureId texture = StarTextures[star.frame % 3];
+        if (!open || texture != bound) {
+            if (open)
+                glEnd();
+            glBindTexture(GL_TEXTURE_2D, texture);
+            glBegin(GL_QUADS);
+            bound = texture;
+            open = true;
+        }
         glTexCoord2f(0, 0);
-        glVertex2f(-4, -4);
+        glVertex3f(x - half, y - half, 1);
         glTexCoord2f(1, 0);
-        glVertex2f(4, -4);
+        glVertex3f(x + half, y - half, 1);
         glTexCoord2f(1, 1);
-        glVertex2f(4, 4);
+        glVertex3f(x + half, y + half, 1);
         glTexCoord2f(0, 1);
-        glVertex2f(-4, 4);
-        glEnd();
+        glVertex3f(x - half, y + half, 1);
     }
+    if (open)
+        glEnd();
 }
 
 void tickFallingStars()

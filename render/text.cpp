@@ -63,7 +63,7 @@ static void bindFont(TextureId texture)
 
 // The v coordinates are negative: rows count from the top of the picture and
 // the texture's v runs up from its bottom, and with the repeat wrap -v
-// addresses the same texels as 1 - v.
+// addresses the same texels as 1 - v. Called between glBegin and glEnd.
 static void drawGlyph(const TextStyle &s, int index, int column, int row)
 {
     float width = (float)(int)s.cellWidth;
@@ -72,29 +72,31 @@ static void drawGlyph(const TextStyle &s, int index, int column, int row)
     float u1 = (column + 1) * s.cellWidth / s.sheetWidth;
     float vBottom = -(row + 1) * s.cellHeight / s.sheetHeight;
     float vTop = -row * s.cellHeight / s.sheetHeight;
+    float x = s.x + index * (s.cellWidth + s.spacing), y = s.y;
 
-    glLoadIdentity();
-    glTranslatef(s.x + index * (s.cellWidth + s.spacing), s.y, 1);
-    glBegin(GL_QUADS);
     glTexCoord2f(u0, vBottom);
-    glVertex2f(0, 0);
+    glVertex3f(x, y, 1);
     glTexCoord2f(u1, vBottom);
-    glVertex2f(width, 0);
+    glVertex3f(x + width, y, 1);
     glTexCoord2f(u1, vTop);
-    glVertex2f(width, height);
+    glVertex3f(x + width, y + height, 1);
     glTexCoord2f(u0, vTop);
-    glVertex2f(0, height);
-    glEnd();
+    glVertex3f(x, y + height, 1);
 }
 
 // Characters without a cell draw nothing but keep their place in the line.
+// A line is one batch of quads: a software renderer pays for every glBegin,
+// and a screen of text is hundreds of glyphs.
 static void drawLine(const TextStyle &s, const char *text)
 {
+    glLoadIdentity();
+    glBegin(GL_QUADS);
     for (int i = 0; text[i]; i++) {
         int column, row;
         if (fontCell((unsigned char)text[i], &column, &row))
             drawGlyph(s, i, column, row);
     }
+    glEnd();
 }
 
 void drawText(const TextureId &fontSlot, float x, float y, float sheetWidth, float sheetHeight, float cellWidth,
