@@ -51,7 +51,7 @@ std::vector<std::string> levelWarnings(const Level &level, const LevelFileFacts 
         warnings.push_back(count(facts.podsInSky, "pod", "pods") +
                            " in the sky rows 0 to 6: counted, then cleared, so the level can never be won");
     if (facts.podsOnRing > 0)
-        warnings.push_back(count(facts.podsOnRing, "pod", "pods") + " on the border ring: turned into border");
+        warnings.push_back(count(facts.podsOnRing, "pod", "pods") + " on the border ring: the load replaces them and does not count them");
     if (pods == 0)
         warnings.push_back("no pods: nothing to hatch; launching the empty rockets wins the level");
     if (rockets == 0)
