@@ -52,9 +52,13 @@ static void drawEditorHighlight(const VisibleCells &v, float ox, float oy)
 
 void drawLevelView(uint32_t screen)
 {
+    drawLevelViewCells(screen, visibleCells());
+}
+
+void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
+{
     Level &level = currentLevel;
     const float ox = viewOriginX(), oy = viewOriginY();
-    const VisibleCells v = visibleCells();
 
     countEditorPods(level);
     drawLevelBackdrop(ox, oy);

@@ -3,6 +3,8 @@
 // looks the same wherever it is seen; the camera functions are in camera.h.
 #pragma once
 
+#include "game/camera.h"
+
 #include <cstdint>
 
 // Backdrop with its stars, the tutorial panel, the normalised terrain with
@@ -11,6 +13,9 @@
 // where not); in LevelEditor the editor's highlight on the cursor cell.
 // Entities (explosions, rockets, bubblemen) are the caller's to draw on top.
 void drawLevelView(uint32_t screen);
+// The same over a chosen range of cells, for pictures of a whole level
+// (levelshot); the game always draws visibleCells().
+void drawLevelViewCells(uint32_t screen, const VisibleCells &cells);
 
 // The per-frame upkeep of the view without drawing: the pod count and the
 // normalisation of the grid. The headless driver runs it where the view

@@ -17,6 +17,7 @@
 #include "app/screens.h"
 #include "app/startup.h"
 #include "game/camera.h"
+#include "game/levelview.h"
 #include "game/mission.h"
 #include "render/draw.h"
 #include "render/offscreen.h"
@@ -264,38 +265,15 @@ void addSampleSprites()
 // offscreen context, bottom row first as the game's are.
 // ---------------------------------------------------------------- the view
 
-// The level view: backdrop with its stars, the normalised terrain and its
-// edges, then the structures; over it the explosions, flying rockets and
-// bubblemen, as the game screen draws them.
-void drawView(Level &level, bool full)
+// The level view as the game draws it (no preview: no screen of play), then
+// the explosions, flying rockets and bubblemen; `full` takes every row and
+// column rather than those the view shows.
+void drawView(bool full)
 {
-    const float ox = (float)(int)(-camX) + 16;
-    const float oy = (float)(int)(-camY) + 16;
-    countEditorPods(level);
-    drawLevelBackdrop(ox, oy);
-    normaliseTerrain(level);
-
-    auto clampTo = [](int v, int hi) { return v < 0 ? 0 : v > hi ? hi : v; };
-    int x0 = clampTo((int)(camX / 32), level.width), x1 = clampTo((int)(camX / 32 + 21), level.width);
-    int y0 = clampTo((int)(-camY / 32 - 11), level.height), y1 = clampTo((int)(-camY / 32 + 2), level.height);
-    if (full) {
-        x0 = y0 = 0;
-        x1 = level.width;
-        y1 = level.height;
-    }
-    for (int x = x0; x < x1; x++)
-        for (int y = y0; y < y1; y++)
-            drawTerrainCell(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
-    for (int x = x0; x < x1; x++)
-        for (int y = y0; y < y1; y++)
-            drawEdgeOverlays(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
-    drawSurfaceEndOverlays(ox, oy);
-    for (int x = x0; x < x1; x++)
-        for (int y = y0; y < y1; y++) {
-            const int32_t code = level.structures[x][y];
-            if (code >= Girder && code <= Blocker)
-                drawStructure(ox + 32.0f * x, oy - 32.0f * y, code - 1, 1, 1, 1, 1);
-        }
+    VisibleCells cells = visibleCells();
+    if (full)
+        cells = VisibleCells{0, currentLevel.width, 0, currentLevel.height};
+    drawLevelViewCells(MainMenu, cells);
     drawExplosions();
     drawFlyingRockets();
     drawBubblemen();
@@ -359,6 +337,8 @@ int main(int argc, char **argv)
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 
     makeTexture = uploadPictureOffscreen;
+    // The fonts too: the tutorial panels of the first levels are words.
+    loadFontData();
     loadImageData();
     linkImageData();
     linkTerrainSet(1);
@@ -386,7 +366,7 @@ int main(int argc, char **argv)
 
     glClear(GL_COLOR_BUFFER_BIT);
     beginFrame2D();
-    drawView(level, o.full);
+    drawView(o.full);
     if (o.hud)
         drawDisplayPanels();
     endFrame2D();
