@@ -10,6 +10,10 @@
 #include <alleggl.h>
 #include <GL/gl.h>
 
+#include <cmath>
+#include <unordered_map>
+#include <vector>
+
 void beginFrame2D()
 {
     glMatrixMode(GL_PROJECTION);
@@ -104,15 +108,81 @@ static void drawSquare(float x, float y, float angle, TextureId texture, float r
     texturedQuad(-half, -half, half, half);
 }
 
+// Many pictures are mostly see-through (the menu's console stands on a
+// 512 x 512 sheet, panels have round corners), and a software renderer
+// shades every pixel of a quad only to throw the clear ones away. So each
+// texture's box of texels that are not wholly clear is read once from the
+// texture itself, and only that box is drawn. A texel of alpha 0 adds nothing
+// under any colour, so the picture on screen is the same. Textures are never
+// deleted or refilled, so a box stays true for the whole run.
+struct VisibleBox {
+    int width, height;   // of the texture the box was read from
+    int x0, y0, x1, y1;  // texels, upper bounds exclusive; empty when x0 >= x1
+};
+static std::unordered_map<TextureId, VisibleBox> visibleBoxes;
+
+static VisibleBox readVisibleBox(int width, int height)
+{
+    VisibleBox box = {width, height, 0, 0, width, height};
+    // A read that fails leaves the buffer opaque: the whole texture is drawn.
+    std::vector<unsigned char> alpha((size_t)width * height, 255);
+    GLint packAlignment = 4;
+    glGetIntegerv(GL_PACK_ALIGNMENT, &packAlignment);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glGetTexImage(GL_TEXTURE_2D, 0, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
+    glPixelStorei(GL_PACK_ALIGNMENT, packAlignment);
+    int x0 = width, y0 = height, x1 = 0, y1 = 0;
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
+            if (alpha[(size_t)y * width + x]) {
+                x0 = x < x0 ? x : x0;
+                x1 = x + 1 > x1 ? x + 1 : x1;
+                y0 = y < y0 ? y : y0;
+                y1 = y + 1 > y1 ? y + 1 : y1;
+            }
+    box.x0 = x0, box.y0 = y0, box.x1 = x1, box.y1 = y1;
+    return box;
+}
+
+static const VisibleBox &visibleBoxOf(TextureId texture, int width, int height)
+{
+    auto found = visibleBoxes.find(texture);
+    if (found == visibleBoxes.end() || found->second.width != width || found->second.height != height)
+        found = visibleBoxes.insert_or_assign(texture, readVisibleBox(width, height)).first;
+    return found->second;
+}
+
 // The size is asked from OpenGL at every call rather than stored: it is the
 // size of the texture AllegroGL made, which may differ from the picture's.
 void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a)
 {
     placeTexture(x, y, 0, texture, r, g, b, a, true);
-    GLfloat width = 0, height = 0;
-    glGetTexLevelParameterfv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
-    glGetTexLevelParameterfv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &height);
-    texturedQuad(-width / 2, -height / 2, width / 2, height / 2);
+    GLint width = 0, height = 0;
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &height);
+    const float left = -width / 2.0f, bottom = -height / 2.0f;
+    // Only where the texels meet whole pixels (every picture at a whole
+    // position, as the screens place them) is the trimmed quad sure to pick
+    // the very same texels; elsewhere the whole quad is drawn.
+    if (width <= 0 || height <= 0 || x + left != floorf(x + left) || y + bottom != floorf(y + bottom)) {
+        texturedQuad(left, bottom, -left, -bottom);
+        return;
+    }
+    const VisibleBox &box = visibleBoxOf(texture, width, height);
+    if (box.x0 >= box.x1 || box.y0 >= box.y1)
+        return;
+    glBegin(GL_QUADS);
+    const float u0 = (float)box.x0 / width, u1 = (float)box.x1 / width;
+    const float v0 = (float)box.y0 / height, v1 = (float)box.y1 / height;
+    glTexCoord2f(u0, v0);
+    glVertex2f(left + box.x0, bottom + box.y0);
+    glTexCoord2f(u1, v0);
+    glVertex2f(left + box.x1, bottom + box.y0);
+    glTexCoord2f(u1, v1);
+    glVertex2f(left + box.x1, bottom + box.y1);
+    glTexCoord2f(u0, v1);
+    glVertex2f(left + box.x0, bottom + box.y1);
+    glEnd();
 }
 
 // Integer halves, so an odd size loses a pixel: widgets are laid out on these.

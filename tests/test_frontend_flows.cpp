@@ -13,6 +13,7 @@
 #include "frontend/screens.h"
 #include "game/gamescreen.h"
 #include "game/mission.h"
+#include "render/draw.h"
 #include "world/catalogue.h"
 #include "world/level.h"
 #include "world/passwords.h"
@@ -612,4 +613,58 @@ TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
     EXPECT_FALSE(openWebsiteAfterExit);
     quitRequested = 0;
     transition = {};
+}
+
+// A picture is drawn only where its texels are not wholly clear; on screen it
+// must be the very picture the whole quad gives, at any colour and place.
+TEST_F(FrontEnd, TrimmedPicturesLookTheSameAsWholeOnes)
+{
+    const int w = 64, h = 32;
+    std::vector<unsigned char> texels((size_t)w * h * 4, 0);
+    for (int y = 0; y < h; y++)
+        for (int x = 0; x < w; x++) {
+            unsigned char *p = &texels[((size_t)y * w + x) * 4];
+            p[0] = (unsigned char)(x * 4);
+            p[1] = (unsigned char)(y * 8);
+            p[2] = 200;  // clear texels keep a colour: it must never show
+            p[3] = (x >= 9 && x < 50 && y >= 5 && y < 27) ? (unsigned char)(60 + x * 3) : 0;
+        }
+    GLuint picture = 0, clear = 0;
+    glGenTextures(1, &picture);
+    glBindTexture(GL_TEXTURE_2D, picture);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels.data());
+    std::vector<unsigned char> none((size_t)w * h * 4, 0);
+    glGenTextures(1, &clear);
+    glBindTexture(GL_TEXTURE_2D, clear);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, none.data());
+
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.01f);
+    glViewport(0, 0, 640, 480);
+    beginFrame2D();
+    auto frameAfter = [](void (*draw)(float, float, TextureId, float), float x, float y, TextureId t, float a) {
+        drawRect(0, 0, 640, 480, 0.25f, 0.5f, 0.75f, 1);
+        draw(x, y, t, a);
+        glFinish();
+        std::vector<unsigned char> pixels(640 * 480 * 4);
+        glReadPixels(0, 0, 640, 480, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+        return pixels;
+    };
+    auto trimmed = [](float x, float y, TextureId t, float a) { drawTexture(x, y, t, 1, 0.8f, 1, a); };
+    auto whole = [](float x, float y, TextureId t, float a) {
+        drawTextureSized((int)x, (int)y, t, 1, 0.8f, 1, a, 64, 32);
+    };
+    for (float alpha : {1.0f, 0.4f}) {
+        EXPECT_EQ(frameAfter(trimmed, 100, 100, picture, alpha), frameAfter(whole, 100, 100, picture, alpha));
+        EXPECT_EQ(frameAfter(trimmed, 639, 0, picture, alpha), frameAfter(whole, 639, 0, picture, alpha))
+            << "half off the screen";
+    }
+    EXPECT_EQ(frameAfter(trimmed, 300, 200, clear, 1), frameAfter(whole, 300, 200, clear, 1));
+    // Off the pixel grid the whole quad is drawn, as before.
+    auto off = frameAfter(trimmed, 100.5f, 100.25f, picture, 1);
+    EXPECT_NE(off, frameAfter(trimmed, 300, 300, clear, 1));
+    endFrame2D();
 }
