@@ -168,6 +168,9 @@ void openEditorSession()
     paintingInCurrentLevel = true;
     if (testPlay.running)
         finishTestPlay();
+    // A campaign mission's tutorial words are for its players: while
+    // painting, the view stays clear (the banner's clock runs only in play).
+    introBanner.tutorialAlpha = 0;
 }
 
 void closeEditorSession()
