@@ -25,6 +25,7 @@
 #include <GL/gl.h>
 
 #include <cstdlib>
+#include <sys/stat.h>
 
 EditorScreen editorScreen = {};
 
@@ -471,6 +472,10 @@ void openPanelFrame()
         drawMediumText(b.x + 24, b.y - 6, title.c_str());
         setColour(0.6f, 0.8f, 1.0f, 1);
         drawText(FontTextures[2], 530, b.y - 4, 256, 128, 8, 8, -2, "Planet %d #%d", e.planet, e.missionNumber);
+        if (editorScreen.openProven[first + i]) {
+            setColour(0.3f, 1.0f, 0.3f, 1);
+            drawSmallText(480, b.y - 4, "Proven");
+        }
     }
     drawButton(previousPageButton);
     drawSmallCentredLabel(previousPageButton, "<");
@@ -646,10 +651,14 @@ void openOpenPanel()
     // The catalogue is read afresh: a level saved a moment ago is listed.
     loadLevelCatalogue();
     e.openEntries.clear();
+    e.openProven.clear();
     const int firstList = e.openCampaign ? 0 : LEVEL_LIST_COUNT / 2;
     for (int list = firstList; list < firstList + LEVEL_LIST_COUNT / 2; list++)
-        for (const CatalogueEntry &entry : levelLists[list])
+        for (const CatalogueEntry &entry : levelLists[list]) {
             e.openEntries.push_back(entry);
+            struct stat proof;
+            e.openProven.push_back(!e.openCampaign && stat(solutionPathFor(entry.path).c_str(), &proof) == 0);
+        }
     e.openPage = 0;
     e.panel = OpenPanel;
 }

@@ -56,6 +56,7 @@ struct EditorScreen {
     bool openCampaign;
     int32_t openPage;
     std::vector<CatalogueEntry> openEntries;
+    std::vector<bool> openProven;   // a winning run lies beside the level
 };
 extern EditorScreen editorScreen;
 

@@ -593,11 +593,18 @@ TEST_F(Editor, AWonTestPlayIsSavedAsAProofThatReplays)
     EXPECT_EQ(statusTarget(), StatusLevelSaved);
     EXPECT_FALSE(fs::exists(proofPath));
 
-    // Won on what is on disk: the proof goes beside it at once.
+    // Won on what is on disk: the proof goes beside it at once, and the
+    // list of levels to open says so.
     winTestPlay();
     EXPECT_EQ(statusTarget(), StatusProofSaved) << statusTarget();
     EXPECT_TRUE(fs::exists(proofPath));
     EXPECT_FALSE(editorHasUnsavedChanges());
+    if (std::getenv("DELVEMOOR_GAME_DIR")) {
+        openOpenPanel();
+        ASSERT_EQ(editorScreen.openEntries.size(), 1u);
+        EXPECT_EQ(editorScreen.openEntries[0].path, levelPath);
+        EXPECT_TRUE(editorScreen.openProven[0]);
+    }
 }
 
 TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
