@@ -26,6 +26,7 @@
 #include <allegro.h>
 #include <jpgalleg.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -280,6 +281,7 @@ TEST_F(PlayScreen, PauseResumesTheSameLevelAndRetryStartsItAfresh)
     const float pausedAt = bubblemen.front().x;
     EXPECT_GT(pausedAt, walkedTo);
     idle(30);
+    shot("paused");
     EXPECT_EQ(bubblemen.front().x, pausedAt) << "the level is frozen under the panel";
     EXPECT_EQ(currentTool, RightLiftExit) << "the tool in hand survives the pause";
     clickButton(pauseResumeButton);
@@ -340,6 +342,8 @@ TEST_F(PlayScreen, WinningAndLosingLeadToTheirPanels)
     idle(1);
     EXPECT_EQ(currentScreen, MissionFailed);
     EXPECT_EQ(SoundRequest, 7);
+    pass(330, 140, 0, 0);
+    shot("mission-failed");
 
     // Escape held in the losing tick: paused first, and the loss waits.
     play(liftLevel, 5000);
@@ -557,4 +561,44 @@ TEST_F(PlayScreen, ToolbarCountersAndPreviewDrawWhatTheyMean)
     shot("preview-red");
     EXPECT_EQ(refused.first, 0);
     EXPECT_GT(refused.second, 50);
+}
+
+TEST_F(PlayScreen, TutorialPanelScrollsWithTheTerrainAndFadesInLate)
+{
+    if (!pictures)
+        GTEST_SKIP() << "no datafile built";
+    // The lit box of the panel drawn alone on black at view origin (ox, oy).
+    struct Box {
+        int x0 = SCREEN_WIDTH, y0 = SCREEN_HEIGHT, x1 = -1, y1 = -1;
+    };
+    auto panelAt = [&](const char *title, float alpha, float ox, float oy) {
+        Level level;
+        level.title = title;
+        introBanner.tutorialAlpha = alpha;
+        glClear(GL_COLOR_BUFFER_BIT);
+        beginFrame2D();
+        drawTutorialPanel(level, ox, oy);
+        endFrame2D();
+        glFinish();
+        Box box;
+        for (int y = 0; y < SCREEN_HEIGHT; y++)
+            for (int x = 0; x < SCREEN_WIDTH; x++) {
+                const Rgb c = pixel(x, y);
+                if (c.r + c.g + c.b > 60) {
+                    box.x0 = std::min(box.x0, x);
+                    box.x1 = std::max(box.x1, x);
+                    box.y0 = std::min(box.y0, y);
+                    box.y1 = std::max(box.y1, y);
+                }
+            }
+        return box;
+    };
+    const Box here = panelAt("Intro", 1, -100, 600);
+    ASSERT_GT(here.x1, here.x0) << "the words show";
+    const Box scrolled = panelAt("Intro", 1, -132, 640);
+    EXPECT_EQ(scrolled.x0, here.x0 - 32);
+    EXPECT_EQ(scrolled.y0, here.y0 + 40);
+    EXPECT_EQ(panelAt("Intro", 0.15f, -100, 600).x1, -1) << "still fading in: nothing";
+    EXPECT_EQ(panelAt("intro", 1, -100, 600).x1, -1) << "titles match exactly";
+    introBanner.tutorialAlpha = 1;
 }
