@@ -5,8 +5,9 @@ real X server (Xvfb), driven by mouse and keys through xdotool.
     e2e_editor.py <game dir> <work dir>
 
 Main menu -> Editor -> a new level with a typed title -> a pod, a rocket and
-ground painted -> saved -> main menu -> New Game -> custom mode: the level is
-listed and starts. Screenshots of every stage are kept in the work dir.
+ground painted -> a test play, left again -> saved -> main menu -> New Game
+-> custom mode: the level is listed and starts. Screenshots of every stage
+are kept in the work dir.
 """
 import os
 import shutil
@@ -155,6 +156,15 @@ try:
     click(*cell(13, 9))
     time.sleep(0.5)
     shot("4-painted")
+
+    click(320, 463)                             # "Test Play"
+    time.sleep(2)
+    shot("4a-test-play")
+    click(552, 463)                             # the game's "Menu": the pause panel
+    click(320, 340)                             # "Exit": back to the editor
+    time.sleep(3)
+    check("the test play was left for the editor", log_has("Exiting level..."))
+    shot("4b-back-in-editor")
 
     click(570, 463)                             # "Menu"
     click(320, 272)                             # "Save Level"
