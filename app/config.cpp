@@ -2,18 +2,16 @@
 // own line and every number from its own column; it never searches for keys.
 
 #include "app/config.h"
+#include "app/atomic_write.h"
 #include "app/log.h"
 #include "app/startup.h"
 
 #include <cctype>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <fstream>
 #include <locale>
 #include <sstream>
-#include <unistd.h>
 
 GameSettings settings = {0, 1, 5, 1, 10, 10};
 
@@ -176,36 +174,16 @@ std::string configText()
     return s;
 }
 
-static bool writeAll(int fd, const std::string &text)
-{
-    size_t done = 0;
-    while (done < text.size()) {
-        ssize_t n = write(fd, text.data() + done, text.size() - done);
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)  // a disk that takes nothing would otherwise be asked forever
-            return false;
-        done += (size_t)n;
-    }
-    return true;
-}
-
 // Written beside the old file and renamed over it only once it is complete
 // and on disk, so a crash or a full disk during the write leaves the previous
 // settings intact.
 bool writeConfigTo(const char *path)
 {
-    std::string temporary = std::string(path) + ".new";
-    int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0)
-        return false;
-    bool ok = writeAll(fd, configText()) && fsync(fd) == 0;
-    ok = (close(fd) == 0) && ok;
-    if (!ok || rename(temporary.c_str(), path) != 0) {
-        unlink(temporary.c_str());
-        return false;
-    }
-    return true;
+    std::string detail;
+    if (writeFileAtomically(path, configText(), true, &detail) == WriteOk)
+        return true;
+    logLine("%s", detail.c_str());
+    return false;
 }
 
 void writeConfig()

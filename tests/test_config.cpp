@@ -7,10 +7,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -161,7 +164,10 @@ TEST(Config, WriteIsTheSixteenLineLayoutAndReadsBack)
     EXPECT_EQ(settings.gameLevel, 42);
     EXPECT_EQ(settings.soundVolume, 1);
     EXPECT_EQ(settings.musicVolume, 10);
-    EXPECT_NE(access((path + ".new").c_str(), F_OK), 0) << "no temporary file left behind";
+    int files = 0;
+    for (const auto &entry : std::filesystem::directory_iterator(dir))
+        files += entry.path() != path;
+    EXPECT_EQ(files, 0) << "no temporary file left behind";
 }
 
 TEST(Config, AFailedWriteKeepsThePreviousFile)
@@ -177,9 +183,16 @@ TEST(Config, AFailedWriteKeepsThePreviousFile)
         chmod(dir.c_str(), 0755);
         EXPECT_EQ(readFile(path), before);
     }
-    // A path whose temporary name is taken by a directory cannot be replaced either.
-    mkdir((path + ".new").c_str(), 0755);
+    // A disk that fills half way through the new file.
+    struct rlimit saved, small;
+    getrlimit(RLIMIT_FSIZE, &saved);
+    small = saved;
+    small.rlim_cur = before.size() / 2;
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
     settings = {1, 1, 9, 9, 9, 9};
-    EXPECT_FALSE(writeConfigTo(path.c_str()));
+    const bool written = writeConfigTo(path.c_str());
+    setrlimit(RLIMIT_FSIZE, &saved);
+    EXPECT_FALSE(written);
     EXPECT_EQ(readFile(path), before);
 }
