@@ -27,6 +27,7 @@ EditorDocument editorDoc;
 EditorProof editorProof;
 
 const char StatusLevelSaved[] = "Level saved";
+const char StatusSavedUnplayable[] = "Level saved: it needs a pod and a rocket to be played";
 const char StatusSaveReadOnly[] = "Cannot save: the custom folder is read-only";
 const char StatusSaveDiskFull[] = "Cannot save: the disk is full";
 const char StatusSaveFailed[] = "Cannot save the level (see gamelog.txt)";
@@ -119,6 +120,19 @@ int32_t nextCustomMissionNumber(int32_t planet)
             if (entry.missionNumber > highest)
                 highest = entry.missionNumber;
     return highest + 1;
+}
+
+// A level without a pod has nobody to save, and one without a rocket is over
+// before it starts: saved all the same, but the player hears of it.
+bool hasPodAndRocket()
+{
+    bool pod = false, rocket = false;
+    for (const std::vector<int32_t> &column : currentLevel.terrain)
+        for (int32_t code : column) {
+            pod = pod || code == Pod;
+            rocket = rocket || code == Rocket;
+        }
+    return pod && rocket;
 }
 
 const char *saveFailureMessage(WriteFailure failure)
@@ -381,7 +395,7 @@ bool saveEditorLevel()
     // A run won on an older painting proves nothing about this one.
     if (changed)
         unlink(solutionPathFor(path).c_str());
-    setStatus(StatusLevelSaved);
+    setStatus(hasPodAndRocket() ? StatusLevelSaved : StatusSavedUnplayable);
     return true;
 }
 

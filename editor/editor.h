@@ -116,6 +116,7 @@ void keepUnsavedEditorWork();
 
 // The messages of the editor.
 extern const char StatusLevelSaved[];
+extern const char StatusSavedUnplayable[];
 extern const char StatusSaveReadOnly[];
 extern const char StatusSaveDiskFull[];
 extern const char StatusSaveFailed[];

@@ -398,6 +398,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     chooseTool(PaintPod);
     paintAt(4, 10);
     ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(statusTarget(), StatusSavedUnplayable) << "a pod but no rocket";
     const std::string path = editorDoc.path;
     const std::string before = fileText(path);
 
