@@ -333,6 +333,103 @@ if [ "$SOFTWARE" = 1 ]; then
     check "drivers: nothing of the game is open in the opener" opener_holds_only_its_own
 fi
 
+# ---------------------------------------------------------------------------
+# 5. The campaign as a player clicks it: the main menu, New Game, mission 1
+# won with the mouse, "Continue", mission 2 in the list and started; then the
+# exit screen, once through the maker's page and once through Exit Game.
+press_key() {  # press_key <key>: held a few frames, in the game's window
+    local wid
+    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
+    [ -n "$wid" ] && xdotool windowfocus "$wid" 2>/dev/null
+    xdotool keydown "$1"
+    sleep 1
+    xdotool keyup "$1"
+}
+lines_in() {  # lines_in <file> <text>: how many lines hold the text
+    grep -cF -- "$2" "$1" 2>/dev/null
+}
+# A sanitized build on a busy machine may draw only a few frames a second:
+# each click here is held long enough for two of them to see it.
+hold_click() {  # hold_click <x> <y>
+    local wid
+    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
+    [ -n "$wid" ] || return 1
+    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
+    sleep 1
+    xdotool mouseup 1
+    sleep 0.5
+}
+to_main_menu() {  # from the start of a run to the main menu
+    check "$1: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
+    sleep 2
+    [ "$SOFTWARE" = 1 ] && hold_click 320 332   # No Thanks
+    sleep 6
+}
+fresh_copy "$WORK/campaign"
+rm -f "$XDG_OPEN_LOG"
+launch campaign
+to_main_menu campaign
+screenshot "$WORK/campaign-1-main-menu.png" > /dev/null
+hold_click 320 205                               # New Game
+sleep 4
+check "campaign: the selection screen reads the levels afresh" test "$(lines_in "$G/gamelog.txt" "Loading levels...")" = 2
+screenshot "$WORK/campaign-2-selection.png" > /dev/null
+hold_click 190 372                               # start: planet 1, its first mission
+check "campaign: mission 1 loads" wait_for_line "$G/gamelog.txt" "LEVELS/P1M01_LEV" 30
+sleep 3
+# Its winning run with the mouse. The view opens on the level's top left, so
+# cell (x, y) lies under window point (32x + 16, 32y - 86).
+hold_click 225 48                                # the hatcher
+hold_click 560 394                               # over the pod, cell (17, 15)
+sleep 0.5
+hold_click 311 463                               # Hatch Pods
+sleep 0.5
+xdotool mousedown 3; sleep 0.3; xdotool mouseup 3   # the tool put down
+screenshot "$WORK/campaign-3-mission-1.png" > /dev/null
+sleep 14                                       # the bubbleman walks to the rocket
+for attempt in 1 2 3 4; do
+    hold_click 502 410                           # Launch, once the panel is in
+    sleep 2
+done
+sleep 6                                        # the rocket leaves the level
+screenshot "$WORK/campaign-4-mission-complete.png" > /dev/null
+hold_click 320 348                               # Continue
+check "campaign: the level is left for the selection screen" wait_for_line "$G/gamelog.txt" "Exiting level..." 30
+sleep 4
+screenshot "$WORK/campaign-5-mission-2-unlocked.png" > /dev/null
+hold_click 230 216                               # the next mission
+sleep 1
+hold_click 190 372                               # start
+check "campaign: the win opened mission 2, which starts" wait_for_line "$G/gamelog.txt" "LEVELS/P1M02_LEV" 30
+sleep 3
+press_key Escape
+sleep 1
+hold_click 320 340                               # Exit on the pause panel
+sleep 4
+hold_click 190 425                               # Return To Menu
+sleep 3
+hold_click 320 421                               # Exit Game
+sleep 5
+screenshot "$WORK/campaign-6-exit-screen.png" > /dev/null
+hold_click 160 462                               # Visit about.html
+wait_for_exit "$GAME" 60
+check "campaign: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
+check "campaign: the configuration is written" grep -qF "Successfully wrote gameconfig.cfg" "$G/gamelog.txt"
+check "campaign: the maker's page in the game directory opens" grep -qxF "arg $G/about.html" "$XDG_OPEN_LOG"
+check "campaign: no sanitizer report" bash -c "! grep -q 'Sanitizer' '$WORK/campaign.out'"
+
+fresh_copy "$WORK/exitgame"
+rm -f "$XDG_OPEN_LOG"
+launch exitgame
+to_main_menu exitgame
+hold_click 320 421                               # Exit Game
+sleep 5
+hold_click 480 462                               # the exit screen's Exit Game
+wait_for_exit "$GAME" 60
+check "exitgame: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
+check "exitgame: the log ends with its trailer" test "$(tail -c 17 "$G/gamelog.txt")" = ":: End Of LogFile"
+check "exitgame: nothing is opened" test ! -e "$XDG_OPEN_LOG"
+
 echo
 if [ "$failures" -gt 0 ]; then
     echo "$failures check(s) failed"
