@@ -254,6 +254,19 @@ void drawCellPicture(int32_t code, float x, float y)
     drawTerrainCell(swatch, 0, 0, x, y);
 }
 
+// The small square buttons have no room for words: the pointer resting on
+// one names it just above.
+void drawHoverCaption(const Button &b, const char *text)
+{
+    if (!b.hovered || editorScreen.panel != NoPanel)
+        return;
+    const float width = 6.0f * (float)std::string(text).size() + 8;
+    const float x0 = b.x - width / 2 < 2 ? 2 : b.x - width / 2;
+    drawRect(x0, b.y + 20, x0 + width, b.y + 34, 0, 0, 0, 0.75f);
+    setColour(1, 1, 1, 1);
+    drawSmallText(x0 + 4, b.y + 23, text);
+}
+
 void drawPalette()
 {
     for (int i = 0; i < PAINT_TOOL_COUNT; i++) {
@@ -280,6 +293,8 @@ void drawPalette()
             drawOutline(b.x - b.width / 2, b.y - b.height / 2, b.x + b.width / 2, b.y + b.height / 2, 0.4f,
                         1.0f, 0.4f, 1.0f);
     }
+    for (int i = WIDE_PALETTE; i < PAINT_TOOL_COUNT; i++)
+        drawHoverCaption(paletteButton(FIRST_PAINT_TOOL + i), paletteCaptions[i]);
 }
 
 void drawBottomButtons()
@@ -292,6 +307,8 @@ void drawBottomButtons()
     drawCentredLabel(testPlayButton, "Test Play");
     drawButton(menuButton);
     drawCentredLabel(menuButton, "Menu");
+    drawHoverCaption(undoButton, "Undo");
+    drawHoverCaption(redoButton, "Redo");
 
     // What a player checks while painting: the pods against the limit, and
     // whether the painting is on disk.
