@@ -5,10 +5,16 @@
 #include "app/screens.h"
 #include "app/startup.h"
 #include "audio/audio.h"
+#include "frontend/screens.h"
+#include "world/catalogue.h"
+
+#include <allegro.h>
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <unistd.h>
@@ -96,6 +102,15 @@ static void blackFramePassesATick()
 
 TEST(Transition, SwitchActionsRunOnceAtTheDarkestPoint)
 {
+    // The switches into a level and into the selection screen really load:
+    // the build's own datafile and its first mission.
+    install_allegro(SYSTEM_NONE, &errno, atexit);
+    const char *gameDir = getenv("DELVEMOOR_GAME_DIR");
+    ASSERT_NE(gameDir, nullptr);
+    snprintf(DataRoot, sizeof DataRoot, "%s", gameDir);
+    buildCampaignLevelNames();
+    campaignMode = 1;
+    chosenLevelPath = std::string(gameDir) + "/DATA/DATA.DAT#LEVELS/P1M01_LEV";
     void (*savedBlackFrame)() = presentBlackFrame;
     presentBlackFrame = blackFramePassesATick;
     const struct {
