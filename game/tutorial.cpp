@@ -92,6 +92,18 @@ bool hasTutorial(const std::string &title)
     return blockFor(title) != nullptr;
 }
 
+bool tutorialPanelArea(const std::string &title, float *left, float *right, float *bottom, float *top)
+{
+    const TutorialBlock *b = blockFor(title);
+    if (!b)
+        return false;
+    *left = b->cx + b->left;
+    *right = b->cx + b->right;
+    *bottom = b->cy + b->bottom;
+    *top = b->cy + b->top;
+    return true;
+}
+
 void drawTutorialPanel(const Level &level, float ox, float oy)
 {
     const TutorialBlock *b = blockFor(level.title);

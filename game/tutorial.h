@@ -11,3 +11,8 @@ void drawTutorialPanel(const Level &level, float ox, float oy);
 
 // Whether a title carries a block (exact, case-sensitive).
 bool hasTutorial(const std::string &title);
+
+// The panel's rectangle of a title's block, relative to the view origin in
+// screen coordinates (y up), so a mission can be checked to keep terrain
+// from hiding it. False for a title without a block.
+bool tutorialPanelArea(const std::string &title, float *left, float *right, float *bottom, float *top);
