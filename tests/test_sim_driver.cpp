@@ -180,3 +180,33 @@ TEST(SimDriver, SolutionTextIsCheckedLineByLine)
         EXPECT_EQ(toolFromName(toolName(tool)), tool);
     EXPECT_EQ(toolFromName("none"), NoTool);
 }
+
+TEST(SimDriver, ThePointerReachesOnlyWhatAPlayersCould)
+{
+    // A tall level: with the view at its top, rows 0 and 1 lie behind the
+    // toolbar, so no click can reach them; row 2 shows its lowest pixels.
+    std::vector<std::string> tall(30, "B............B");
+    tall.back() = "BBBBBBBBBBBBBB";
+    tall[10][1] = 'P';
+    tall[20][9] = 'r';
+    loadLevel(tall);
+    RunResult behind = run("1 girder 5 1\n", 10);
+    EXPECT_EQ(behind.outcome, RunError);
+    EXPECT_NE(behind.error.find("behind the display panels"), std::string::npos) << behind.error;
+    loadLevel(tall);
+    RunResult below = run("1 girder 5 2\n3 girder 6 35\n", 10);
+    EXPECT_NE(below.outcome, RunError) << below.error;
+    ASSERT_GE(below.notes.size(), 2u);
+    EXPECT_EQ(below.notes[1].text, StatusNeedsFooting) << "reached, and refused: nothing under it";
+    EXPECT_EQ(currentLevel.structures[6][35], Girder) << "the bottom row above the border is in reach";
+
+    // Launch is heard by the tick after its press, and the press falls on the
+    // level under the button too: with the shovel in hand it digs there.
+    loadLevel({"B......B", "B.....rB", "B######B", "BBBBBBBB"});
+    const int32_t credits = mission.credits;
+    RunResult launched = run("1 tool shovel\n80 launch\n", 400);
+    EXPECT_EQ(launched.outcome, RunWon) << describeRun(launched);
+    EXPECT_EQ(launched.credits, credits - 200) << "the dig under the Launch button was paid for";
+    ASSERT_EQ(launched.notes.size(), 2u);
+    EXPECT_EQ(launched.notes[1].text, "Launching All Rockets!");
+}
