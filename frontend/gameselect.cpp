@@ -342,10 +342,10 @@ static void drawMissionList()
     }
     if (count == 0 && !campaignMode) {
         glColor4f(0.8f, 0.8f, 1, missionList.a);
-        drawSmallCentred(190, 364, "No custom levels for this");
-        drawSmallCentred(190, 354, "planet: build one in the");
-        drawSmallCentred(190, 344, "Editor, or copy level");
-        drawSmallCentred(190, 334, "files into custom/");
+        drawSmallCentred(190, 430, "No custom levels for this");
+        drawSmallCentred(190, 420, "planet: build one in the");
+        drawSmallCentred(190, 410, "Editor, or copy level");
+        drawSmallCentred(190, 400, "files into custom/");
     }
 }
 

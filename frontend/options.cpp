@@ -39,6 +39,17 @@ void optionsTick()
         options.noticeFlash -= 0.02f;
 }
 
+struct VolumeSlider {
+    Slider *slider;
+    int32_t OptionsState::*last;
+    int GameSettings::*setting;
+    void (*apply)(int level);
+};
+static const VolumeSlider VOLUME_SLIDERS[] = {
+    {&soundVolumeSlider, &OptionsState::lastSound, &GameSettings::soundVolume, setSoundLevel},
+    {&musicVolumeSlider, &OptionsState::lastMusic, &GameSettings::musicVolume, setMusicLevel},
+};
+
 // The sliders are written back into the settings as they move, so the
 // configuration written at shut-down holds what the player last chose.
 static void handleSliders()
@@ -51,19 +62,14 @@ static void handleSliders()
         settings.scrollSpeed = scrollSpeedSlider.value;
         InterfaceSoundRequest = 13;
     }
-    updateSlider(soundVolumeSlider, px, py);
-    if (soundVolumeSlider.value != options.lastSound) {
-        settings.soundVolume = soundVolumeSlider.value;
-        setSoundLevel(soundVolumeSlider.value);
-        InterfaceSoundRequest = 13;
-        options.lastSound = soundVolumeSlider.value;
-    }
-    updateSlider(musicVolumeSlider, px, py);
-    if (musicVolumeSlider.value != options.lastMusic) {
-        settings.musicVolume = musicVolumeSlider.value;
-        setMusicLevel(musicVolumeSlider.value);
-        InterfaceSoundRequest = 13;
-        options.lastMusic = musicVolumeSlider.value;
+    for (const VolumeSlider &v : VOLUME_SLIDERS) {
+        updateSlider(*v.slider, px, py);
+        if (v.slider->value != options.*v.last) {
+            settings.*v.setting = v.slider->value;
+            v.apply(v.slider->value);
+            InterfaceSoundRequest = 13;
+            options.*v.last = v.slider->value;
+        }
     }
 }
 

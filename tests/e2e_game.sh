@@ -230,12 +230,12 @@ launch() {  # launch <name> [folder to start in]: runs $WORK/<name>/Delvemoor in
     (cd "${2:-$G}" && exec "$PY" -c 'import os, signal, sys; signal.signal(signal.SIGINT, signal.SIG_DFL); os.execv(sys.argv[1], sys.argv[1:])' "$G/Delvemoor" > "$WORK/$1.out" 2>&1) &
     GAME=$!
 }
-click_at() {  # click_at <x> <y>: a player's click in the game window, held a few frames
+click_at() {  # click_at <x> <y> [seconds held]: a player's click in the game window, held a few frames
     local wid
     wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
     [ -n "$wid" ] || return 1
     xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
-    sleep 0.5
+    sleep "${3:-0.5}"
     xdotool mouseup 1
 }
 ended_normally() {  # ended_normally <name> <signal number>
@@ -351,13 +351,7 @@ lines_in() {  # lines_in <file> <text>: how many lines hold the text
 # A sanitized build on a busy machine may draw only a few frames a second:
 # each click here is held long enough for two of them to see it.
 hold_click() {  # hold_click <x> <y>
-    local wid
-    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
-    [ -n "$wid" ] || return 1
-    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
-    sleep 1
-    xdotool mouseup 1
-    sleep 0.5
+    click_at "$1" "$2" 1 && sleep 0.5
 }
 to_main_menu() {  # from the start of a run to the main menu
     check "$1: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
