@@ -178,7 +178,10 @@ void gameSelectTick()
 {
     takeCampaignNews();
     tickHint();
-    if (input.escape) {
+    // Not during a fade: this logic also runs under the veil (even on a fade's
+    // first tick, before the veil has any alpha), and leaving then would strand
+    // the veil over the menu and lose the level being entered.
+    if (input.escape && currentScreen == GameSelect) {
         setScreen(MainMenu);
         return;
     }

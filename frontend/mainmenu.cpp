@@ -52,9 +52,10 @@ static void slideTitle()
 void mainMenuTick()
 {
     stepMarkers();
-    // The shortcut waits for a finished fade: taken during one, it would leave
-    // the veil over the credits, which can only be left once the veil is gone.
-    if (input.right && transition.alpha == 0.0f) {
+    // The shortcut waits for a finished fade: taken during one (even on its
+    // first tick, before the veil has any alpha), it would leave the veil over
+    // the credits, which can only be left once the veil is gone.
+    if (input.right && currentScreen == MainMenu) {
         setScreen(CreditsScreen);
         return;
     }

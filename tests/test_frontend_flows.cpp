@@ -564,6 +564,35 @@ TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
     click(dialogLowerButton);
     ASSERT_TRUE(settleOn(MainMenu));
 
+    // Escape on the selection screen waits for its fades too: into it, and
+    // out of it into a level.
+    click(mainNewGameButton);
+    RawInput escapeKey = {};
+    escapeKey.escape = 1;
+    for (int i = 0; i < 20; i++) {
+        sampleInputFrom(escapeKey);
+        runScreenLogic(currentScreen);
+        renderScreen(currentScreen);
+    }
+    ASSERT_TRUE(settleOn(GameSelect));
+    settleFades();
+    click(startMissionButton);
+    for (int i = 0; i < 20 && currentScreen == Transition; i++) {
+        sampleInputFrom(escapeKey);
+        runScreenLogic(currentScreen);
+        renderScreen(currentScreen);
+    }
+    ASSERT_TRUE(settleOn(Playing)) << "the level is entered whatever the key";
+    setScreen(MainMenu);
+    // Nor does the Right arrow break a fade the menu has just started.
+    click(mainOptionsButton);
+    RawInput rightKey = {};
+    rightKey.right = 1;
+    sampleInputFrom(rightKey);
+    runScreenLogic(currentScreen);
+    ASSERT_TRUE(settleOn(Options));
+    setScreen(MainMenu);
+
     // The Right arrow waits for the menu's fade-in, then opens the credits at once.
     startTransition(Help, MainMenu, StarfieldKeep);
     for (int i = 0; i < 20; i++) {
