@@ -65,6 +65,7 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
     drawTutorialPanel(level, ox, oy);
     normaliseTerrain(level);
 
+    beginQuadBatch();
     for (int32_t x = v.x0; x < v.x1; x++)
         for (int32_t y = v.y0; y < v.y1; y++)
             drawTerrainCell(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
@@ -79,6 +80,7 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
             if (code >= Girder && code <= Blocker)
                 drawStructure(ox + 32.0f * x, oy - 32.0f * y, code - 1, 1, 1, 1, 1);
         }
+    endQuadBatch();
 
     if (screen == Playing)
         drawToolPreview(ox, oy);

@@ -100,11 +100,75 @@ static void texturedQuad(float left, float bottom, float right, float top)
     glEnd();
 }
 
+// A batch: the squares between beginQuadBatch and endQuadBatch that share a
+// texture go to the renderer as one run of quads, each with its own colour
+// and its corners worked out here, which is what the translation would give.
+// A software renderer pays for every glBegin and every bind; a screen of
+// terrain is hundreds of squares, most of them beside one of the same kind.
+static bool batching = false;
+static bool batchOpen = false;
+static TextureId batchTexture = 0;
+static bool batchNearest = false;
+
+static void closeBatchRun()
+{
+    if (batchOpen)
+        glEnd();
+    batchOpen = false;
+}
+
+void beginQuadBatch()
+{
+    resetDrawState();
+    batching = true;
+    batchOpen = false;
+}
+
+void endQuadBatch()
+{
+    closeBatchRun();
+    batching = false;
+    resetDrawState();
+}
+
+static void batchedSquare(float x, float y, TextureId texture, float r, float g, float b, float a, float half,
+                          bool nearest)
+{
+    if (!batchOpen || texture != batchTexture || (nearest && !batchNearest)) {
+        closeBatchRun();
+        glLoadIdentity();
+        glBindTexture(GL_TEXTURE_2D, texture);
+        if (nearest) {
+            glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+            glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+        }
+        glBegin(GL_QUADS);
+        batchOpen = true;
+        batchTexture = texture;
+        batchNearest = nearest;
+    }
+    glColor4f(r, g, b, a);
+    glTexCoord2f(0, 0);
+    glVertex3f(x - half, y - half, 1);
+    glTexCoord2f(1, 0);
+    glVertex3f(x + half, y - half, 1);
+    glTexCoord2f(1, 1);
+    glVertex3f(x + half, y + half, 1);
+    glTexCoord2f(0, 1);
+    glVertex3f(x - half, y + half, 1);
+}
+
 static void drawSquare(float x, float y, float angle, TextureId texture, float r, float g, float b, float a,
                        float size, bool nearest)
 {
-    placeTexture(x, y, angle, texture, r, g, b, a, nearest);
     float half = size / 2;
+    if (batching && angle == 0) {
+        batchedSquare(x, y, texture, r, g, b, a, half, nearest);
+        return;
+    }
+    if (batching)
+        closeBatchRun();
+    placeTexture(x, y, angle, texture, r, g, b, a, nearest);
     texturedQuad(-half, -half, half, half);
 }
 

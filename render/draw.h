@@ -14,6 +14,13 @@ void resetDrawState();
 void presentFrame();
 void clearToBlack();
 
+// Between these two only drawStructure, drawStructureIcon, drawObject,
+// drawTile and drawBackgroundTile may draw: their squares are sent in runs
+// that share a texture, the same picture for much less work. No other
+// OpenGL call may come in between.
+void beginQuadBatch();
+void endQuadBatch();
+
 void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a);
 void drawTextureSized(int x, int y, TextureId texture, float r, float g, float b, float a, int w, int h);
 void drawStructure(float x, float y, int slot, float r, float g, float b, float a);
