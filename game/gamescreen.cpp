@@ -26,6 +26,8 @@
 #include <GL/gl.h>
 #include <ostream>
 
+// Until a level from the selection screen arms it the banner is idle and a
+// tutorial panel shows at full strength: the editor's test-play arms none.
 IntroBanner introBanner = {false, 0, 0, 0, false, 0, 1, 0};
 int32_t levelTick = 0;
 uint32_t levelReturnScreen = GameSelect;
