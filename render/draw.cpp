@@ -60,12 +60,15 @@ void drawRect(float x0, float y0, float x1, float y1, float r, float g, float b,
     glEnd();
 }
 
-// Only the two screens that draw no full-screen backdrop of their own need
-// the previous frame wiped; everywhere else the screen covers it.
+// The main menu and the credits are wiped to black before they draw; a clear
+// gives the same black as a screen-wide quad for a fraction of the work a
+// software renderer puts into a blended one.
 void clearToBlack()
 {
-    if (currentScreen == MainMenu || currentScreen == CreditsScreen)
-        drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0, 0, 1);
+    if (currentScreen == MainMenu || currentScreen == CreditsScreen) {
+        glClearColor(0, 0, 0, 0);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
 }
 
 // Steps 1 to 5 of every textured primitive: reset, place (and turn), colour,
