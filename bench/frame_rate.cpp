@@ -37,6 +37,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <sys/resource.h>
+#include <string>
 #include <vector>
 
 static const double BUDGET_MS = 4.0;
@@ -298,6 +299,17 @@ int main(int argc, char **argv)
     }
     currentScreen = Paused;
     measure("pause panel over it", nullptr, handlersFor(Paused)->render, seconds);
+
+    // A designed mission as it opens, with the game's own tick running.
+    std::string error;
+    const std::string mission = std::string(DataRoot) + "/DATA/DATA.DAT#LEVELS/P2M04_LEV";
+    if (tryLoadLevelFromPack(currentLevel, mission.c_str(), &error)) {
+        camX = 200;
+        camY = -550;
+        armLevelBanner();
+        setScreen(Playing);
+        measure("game screen, mission P2M04", gameTick, busiestFrame, seconds);
+    }
     endFrame2D();
     closeLog();
     return 0;
