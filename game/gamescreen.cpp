@@ -230,6 +230,78 @@ void handleGameButtons()
         setScreen(Paused);
 }
 
+// Most of the display's two panels is opaque, and the level drawn under those
+// rows is only painted over: a software renderer would shade it for nothing.
+// The opaque rows are read once from the panel pictures themselves (drawn
+// texel for texel, nearest filtering), so other art keeps the frame exact.
+bool clipLevelUnderPanels = true;
+
+struct LevelBand {
+    bool read;
+    int32_t bottom, top;    // screen rows the level can show through: bottom <= y < top
+};
+static LevelBand levelBand = {false, 0, SCREEN_HEIGHT};
+
+// Rows of the picture, counted from its top (fromTop) or its bottom, whose
+// every texel is wholly opaque.
+static int32_t opaqueRows(TextureId texture, bool fromTop, int32_t *height)
+{
+    GLint w = 0, h = 0;
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &w);
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &h);
+    *height = h;
+    if (texture == 0 || w <= 0 || h <= 0)
+        return 0;
+    std::vector<unsigned char> alpha((size_t)w * h, 0);
+    GLint packAlignment = 4;
+    glGetIntegerv(GL_PACK_ALIGNMENT, &packAlignment);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glGetTexImage(GL_TEXTURE_2D, 0, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
+    glPixelStorei(GL_PACK_ALIGNMENT, packAlignment);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    int32_t rows = 0;
+    for (; rows < h; rows++) {
+        // Stored bottom row first.
+        const int32_t row = fromTop ? h - 1 - rows : rows;
+        for (int32_t x = 0; x < w; x++)
+            if (alpha[(size_t)row * w + x] != 255)
+                return rows;
+    }
+    return rows;
+}
+
+static void readLevelBand()
+{
+    int32_t h = 0;
+    const int32_t topRows = opaqueRows(SpriteTextures[0], true, &h);
+    // The top panel covers screen rows 352 to 480 with its h texel rows; a
+    // pixel row is hidden when the texel it samples is opaque. One row of
+    // margin keeps rounding on the safe side.
+    levelBand.top = h > 0 ? SCREEN_HEIGHT - (topRows * 128) / h + 1 : SCREEN_HEIGHT;
+    const int32_t bottomRows = opaqueRows(SpriteTextures[2], false, &h);
+    levelBand.bottom = h > 0 ? (bottomRows * 128) / h - 1 : 0;
+    if (levelBand.top > SCREEN_HEIGHT)
+        levelBand.top = SCREEN_HEIGHT;
+    if (levelBand.bottom < 0)
+        levelBand.bottom = 0;
+    levelBand.read = true;
+}
+
+static void clipToLevelBand(bool on)
+{
+    if (!clipLevelUnderPanels)
+        return;
+    if (!on) {
+        glDisable(GL_SCISSOR_TEST);
+        return;
+    }
+    if (!levelBand.read)
+        readLevelBand();
+    glScissor(0, levelBand.bottom, SCREEN_WIDTH, levelBand.top - levelBand.bottom);
+    glEnable(GL_SCISSOR_TEST);
+}
+
 // The one order of a game-screen frame. Drawing never changes the level, so
 // the frame without drawing keeps every step that does, in the same place.
 static void gameFrame(bool drawing)
@@ -237,10 +309,12 @@ static void gameFrame(bool drawing)
     clampCamera();
     pickCursorCell();
     if (drawing) {
+        clipToLevelBand(true);
         drawLevelView(currentScreen);
         drawExplosions();
         drawFlyingRockets();
         drawBubblemen();
+        clipToLevelBand(false);
         resetDrawState();
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         drawStatus();

@@ -33,6 +33,9 @@ void drawGameScreen();
 // The same frame with every drawing call left out: what the headless driver
 // runs, so a scripted click meets the very rules and order a player's does.
 void runGameFrameWithoutDrawing();
+// The level view is drawn only between the opaque parts of the display's
+// panels, where it can show; tests turn it off to compare the two frames.
+extern bool clipLevelUnderPanels;
 // The toolbar, "Hatch Pods" and "Menu": updated with the pointer and acted on.
 void handleGameButtons();
 

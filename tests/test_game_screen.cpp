@@ -532,6 +532,17 @@ TEST_F(PlayScreen, ToolbarCountersAndPreviewDrawWhatTheyMean)
     EXPECT_GT(yellow, 40) << "1234 credits";
     EXPECT_GT(green, 10) << "7 pods";
 
+    // The level is drawn only where the panels let it show: the same frame.
+    pass(330, 200, 0, 0);
+    const std::vector<unsigned char> clipped = buffer;
+    clipLevelUnderPanels = false;
+    pass(330, 200, 0, 0);
+    clipLevelUnderPanels = true;
+    size_t differing = 0;
+    for (size_t i = 0; i < buffer.size(); i++)
+        differing += buffer[i] != clipped[i];
+    EXPECT_EQ(differing, 0u) << "the clip under the panels changed the picture";
+
     // The preview: white where the girder fits, red where it does not.
     auto previewAt = [&](int x, int y, int32_t tool) {
         currentTool = NoTool;
