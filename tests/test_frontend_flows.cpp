@@ -658,7 +658,24 @@ TEST_F(FrontEnd, TrimmedPicturesLookTheSameAsWholeOnes)
             p[2] = 200;  // clear texels keep a colour: it must never show
             p[3] = (x >= 9 && x < 50 && y >= 5 && y < 27) ? (unsigned char)(60 + x * 3) : 0;
         }
-    GLuint picture = 0, clear = 0;
+    // A ring round a clear window, a speck inside it and a dotted top row:
+    // clear texels inside the drawn box must stay clear.
+    std::vector<unsigned char> ring((size_t)w * h * 4, 0);
+    for (int y = 0; y < h; y++)
+        for (int x = 0; x < w; x++) {
+            const bool frame = x >= 4 && x < 60 && y >= 2 && y < 30 && !(x >= 14 && x < 50 && y >= 8 && y < 24);
+            const bool speck = x == 30 && y == 15;
+            const bool dots = y == 0 && x % 5 == 0;
+            unsigned char *p = &ring[((size_t)y * w + x) * 4];
+            p[0] = (unsigned char)(255 - x * 3);
+            p[1] = 90;
+            p[2] = (unsigned char)(y * 7);
+            p[3] = frame || speck || dots ? (unsigned char)(100 + y * 4) : 0;
+        }
+    GLuint picture = 0, clear = 0, ringed = 0;
+    glGenTextures(1, &ringed);
+    glBindTexture(GL_TEXTURE_2D, ringed);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, ring.data());
     glGenTextures(1, &picture);
     glBindTexture(GL_TEXTURE_2D, picture);
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels.data());
@@ -692,6 +709,7 @@ TEST_F(FrontEnd, TrimmedPicturesLookTheSameAsWholeOnes)
             << "half off the screen";
     }
     EXPECT_EQ(frameAfter(trimmed, 300, 200, clear, 1), frameAfter(whole, 300, 200, clear, 1));
+    EXPECT_EQ(frameAfter(trimmed, 200, 300, ringed, 0.7f), frameAfter(whole, 200, 300, ringed, 0.7f));
     // Off the pixel grid the whole quad is drawn, as before.
     auto off = frameAfter(trimmed, 100.5f, 100.25f, picture, 1);
     EXPECT_NE(off, frameAfter(trimmed, 300, 300, clear, 1));
