@@ -228,6 +228,7 @@ void setVideoMode()
         currentScreen = SlowDriverWarning;
 
     allegro_gl_use_mipmapping(-1);
+    keepFrameMemory();
 
     logLine("Setting up blender...");
     glAlphaFunc(GL_GREATER, 0.01f);

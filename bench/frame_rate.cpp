@@ -5,6 +5,7 @@
 // Usage: frame_rate <game directory> [seconds per screen] [--dump-backdrop file.ppm]
 //        frame_rate <game directory> 0 --dump-game file.png   (the busiest game screen)
 //        frame_rate <game directory> [seconds] --game-only     (the game screen's figures alone)
+//        frame_rate <game directory> 0 --dump-screens dir      (every measured screen as a PNG)
 // The dump is the backdrop alone at a fixed angle, to compare pictures
 // before and after a change to its drawing.
 
@@ -163,19 +164,11 @@ static void busiestBackdrop()
 }
 static void busiestTerrain()
 {
-    const VisibleCells v = visibleCells();
-    const float ox = viewOriginX(), oy = viewOriginY();
-    for (int x = v.x0; x < v.x1; x++)
-        for (int y = v.y0; y < v.y1; y++)
-            drawTerrainCell(currentLevel, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    drawTerrainCells(visibleCells(), viewOriginX(), viewOriginY());
 }
 static void busiestEdges()
 {
-    const VisibleCells v = visibleCells();
-    const float ox = viewOriginX(), oy = viewOriginY();
-    for (int x = v.x0; x < v.x1; x++)
-        for (int y = v.y0; y < v.y1; y++)
-            drawEdgeOverlays(currentLevel, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    drawTerrainEdges(visibleCells(), viewOriginX(), viewOriginY());
 }
 static void busiestLevelView()
 {
@@ -196,6 +189,67 @@ static void busiestEntities()
     drawExplosions();
     drawFlyingRockets();
     drawBubblemen();
+}
+
+// A designed mission (P2M04) as it opens, banner and all.
+static bool openDesignedMission()
+{
+    std::string error;
+    const std::string mission = std::string(DataRoot) + "/DATA/DATA.DAT#LEVELS/P2M04_LEV";
+    if (!tryLoadLevelFromPack(currentLevel, mission.c_str(), &error))
+        return false;
+    camX = 200;
+    camY = -550;
+    armLevelBanner();
+    setScreen(Playing);
+    return true;
+}
+
+static const struct {
+    const char *name;
+    u32 id;
+} frontEndScreens[] = {
+    {"main menu", MainMenu},         {"game select", GameSelect}, {"password panel", PasswordEntry},
+    {"options", Options},            {"help", Help},              {"credits", CreditsScreen},
+    {"exit screen", ExitScreen},
+};
+
+// The same random numbers and the same number of ticks before each picture,
+// so two builds' pictures can be compared byte for byte: a change to the
+// drawing must leave every one of them as it was.
+static void dumpOne(const std::string &dir, const char *name, void (*tick)(), void (*frame)(), int ticks)
+{
+    srand(7);
+    for (int i = 0; i < ticks; i++) {
+        if (tick)
+            tick();
+        advanceAnimationFrames();
+    }
+    frame();
+    glFinish();
+    std::string path = dir + "/" + name + ".png";
+    for (char &c : path)
+        c = c == ' ' ? '_' : c;
+    writePng(path, SCREEN_WIDTH, SCREEN_HEIGHT, readFrameRgb());
+    presentFrame();
+}
+
+static void dumpScreens(const std::string &dir)
+{
+    currentScreen = MainMenu;
+    resetExitScreen();
+    for (const auto &screen : frontEndScreens) {
+        currentScreen = screen.id;
+        ScreenHandlers *row = handlersFor(screen.id);
+        dumpOne(dir, screen.name, row->logic, row->render, 40);
+    }
+    linkTerrainSet(1);
+    buildBusiestLevel();
+    dumpOne(dir, "game busiest", nullptr, busiestFrame, 0);
+    currentScreen = Paused;
+    dumpOne(dir, "pause", nullptr, handlersFor(Paused)->render, 0);
+    if (openDesignedMission())
+        dumpOne(dir, "game P2M04", gameTick, busiestFrame, 40);
 }
 
 int main(int argc, char **argv)
@@ -228,6 +282,7 @@ int main(int argc, char **argv)
         return 1;
     }
     allegro_gl_use_mipmapping(-1);
+    keepFrameMemory();
     glAlphaFunc(GL_GREATER, 0.01f);
     glEnable(GL_TEXTURE_2D);
     glEnable(GL_BLEND);
@@ -261,6 +316,12 @@ int main(int argc, char **argv)
         closeLog();
         return 0;
     }
+    if (argc > 4 && strcmp(argv[3], "--dump-screens") == 0) {
+        dumpScreens(argv[4]);
+        endFrame2D();
+        closeLog();
+        return 0;
+    }
     const bool gameOnly = argc > 3 && strcmp(argv[3], "--game-only") == 0;
     currentScreen = MainMenu;
     if (!gameOnly)
@@ -268,16 +329,8 @@ int main(int argc, char **argv)
     if (!gameOnly)
         measure("main-menu backdrop", nullptr, backdropOnly, seconds);
     // Each screen as the player sees it, its own logic running every frame.
-    static const struct {
-        const char *name;
-        u32 id;
-    } screens[] = {
-        {"main menu", MainMenu},         {"game select", GameSelect}, {"password panel", PasswordEntry},
-        {"options", Options},            {"help", Help},              {"credits", CreditsScreen},
-        {"exit screen", ExitScreen},
-    };
     resetExitScreen();
-    for (const auto &screen : screens) {
+    for (const auto &screen : frontEndScreens) {
         if (gameOnly)
             break;
         currentScreen = screen.id;
@@ -301,15 +354,8 @@ int main(int argc, char **argv)
     measure("pause panel over it", nullptr, handlersFor(Paused)->render, seconds);
 
     // A designed mission as it opens, with the game's own tick running.
-    std::string error;
-    const std::string mission = std::string(DataRoot) + "/DATA/DATA.DAT#LEVELS/P2M04_LEV";
-    if (tryLoadLevelFromPack(currentLevel, mission.c_str(), &error)) {
-        camX = 200;
-        camY = -550;
-        armLevelBanner();
-        setScreen(Playing);
+    if (openDesignedMission())
         measure("game screen, mission P2M04", gameTick, busiestFrame, seconds);
-    }
     endFrame2D();
     closeLog();
     return 0;

@@ -50,6 +50,40 @@ static void drawEditorHighlight(const VisibleCells &v, float ox, float oy)
     drawTexture(ox + 32.0f * x, oy - 32.0f * y, CursorTextures[1], 1, 1, 1, 0.3f);
 }
 
+// Cells never overlap, so the whole view is one batch group.
+static void queueTerrainCells(const VisibleCells &v, float ox, float oy)
+{
+    for (int32_t x = v.x0; x < v.x1; x++)
+        for (int32_t y = v.y0; y < v.y1; y++)
+            drawTerrainCell(currentLevel, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    nextBatchGroup();
+}
+
+// Edges reach four pixels into the next column, where the corners of two
+// columns' edges meet: a column is a batch group.
+static void queueTerrainEdges(const VisibleCells &v, float ox, float oy)
+{
+    for (int32_t x = v.x0; x < v.x1; x++) {
+        for (int32_t y = v.y0; y < v.y1; y++)
+            drawEdgeOverlays(currentLevel, x, y, ox + 32.0f * x, oy - 32.0f * y);
+        nextBatchGroup();
+    }
+}
+
+void drawTerrainCells(const VisibleCells &v, float ox, float oy)
+{
+    beginQuadBatch();
+    queueTerrainCells(v, ox, oy);
+    endQuadBatch();
+}
+
+void drawTerrainEdges(const VisibleCells &v, float ox, float oy)
+{
+    beginQuadBatch();
+    queueTerrainEdges(v, ox, oy);
+    endQuadBatch();
+}
+
 void drawLevelView(uint32_t screen)
 {
     drawLevelViewCells(screen, visibleCells());
@@ -66,14 +100,12 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
     normaliseTerrain(level);
 
     beginQuadBatch();
-    for (int32_t x = v.x0; x < v.x1; x++)
-        for (int32_t y = v.y0; y < v.y1; y++)
-            drawTerrainCell(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
-    for (int32_t x = v.x0; x < v.x1; x++)
-        for (int32_t y = v.y0; y < v.y1; y++)
-            drawEdgeOverlays(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    queueTerrainCells(v, ox, oy);
+    queueTerrainEdges(v, ox, oy);
     drawSurfaceEndOverlays(ox, oy);
+    nextBatchGroup();
 
+    // Structures stand one to a cell and never overlap: one layer.
     for (int32_t x = v.x0; x < v.x1; x++)
         for (int32_t y = v.y0; y < v.y1; y++) {
             const int32_t code = level.structures[x][y];

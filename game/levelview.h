@@ -17,6 +17,11 @@ void drawLevelView(uint32_t screen);
 // (levelshot); the game always draws visibleCells().
 void drawLevelViewCells(uint32_t screen, const VisibleCells &cells);
 
+// The view's terrain cells and their edges alone, each as one batch of
+// squares, for timing them apart.
+void drawTerrainCells(const VisibleCells &cells, float ox, float oy);
+void drawTerrainEdges(const VisibleCells &cells, float ox, float oy);
+
 // The per-frame upkeep of the view without drawing: the pod count and the
 // normalisation of the grid. The headless driver runs it where the view
 // would be drawn.

@@ -10,7 +10,9 @@
 #include <alleggl.h>
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cmath>
+#include <malloc.h>
 #include <unordered_map>
 #include <vector>
 
@@ -39,6 +41,19 @@ void resetDrawState()
     glColor4f(1, 1, 1, 1);
     glBindTexture(GL_TEXTURE_2D, 0);
     glTranslatef(0, 0, 0);
+}
+
+// A software renderer builds every frame in memory it allocates and frees
+// again: tens of blocks, some of them larger than the allocator's threshold
+// for mapping a block of its own, and freed memory at the top of the heap is
+// handed back to the system. Each frame then pays the kernel to map, clear
+// and unmap the same pages, a third of the processor time of a busy game
+// frame. Keeping what was freed (up to 64 MB, far above what a frame needs)
+// lets the next frame reuse it.
+void keepFrameMemory()
+{
+    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
 }
 
 void presentFrame()
@@ -71,8 +86,157 @@ void clearToBlack()
     }
 }
 
+// What a texture's texels are made of, read once from the texture itself;
+// textures are never deleted or refilled, so what was read stays true for the
+// whole run.
+//
+// Many pictures are mostly see-through (the menu's console stands on a
+// 512 x 512 sheet, panels have round corners), and a software renderer
+// shades every pixel of a quad only to throw the clear ones away. So each
+// texture's box of texels that are not wholly clear is kept, and only that
+// box is drawn. A texel of alpha 0 adds nothing under any colour, so the
+// picture on screen is the same.
+//
+// Most pictures are wholly opaque (terrain, the level's backdrop, buttons) or
+// opaque with wholly clear holes. Blending such a picture at full strength
+// gives back exactly its own colour, and the alpha test throws away exactly
+// its holes, so neither needs the renderer's per-pixel blend, which on a
+// software renderer reads every covered pixel back. The alpha test stays on
+// even for wholly opaque pictures: without it Mesa's software renderer takes
+// a shortcut for large plain textured quads that rounds some colours a step
+// differently, and the screen must not change by a shade.
+enum TextureAlpha { SoftAlpha, HolesAlpha, OpaqueAlpha };
+
+struct TextureFacts {
+    int width, height;   // of the texture the facts were read from
+    int x0, y0, x1, y1;  // texels not wholly clear, upper bounds exclusive; empty when x0 >= x1
+    TextureAlpha alpha;
+    int ix0, iy0, ix1, iy1;  // the largest box of wholly opaque texels; empty when ix0 >= ix1
+};
+static std::unordered_map<TextureId, TextureFacts> textureFacts;
+
+// The largest box of texels of alpha 255, row by row over the heights of the
+// opaque columns standing on each row.
+static void findOpaqueBox(const std::vector<unsigned char> &alpha, int width, int height, TextureFacts *facts)
+{
+    std::vector<int> columnHeight(width + 1, 0), stack;
+    long best = 0;
+    for (int y = 0; y < height; y++) {
+        for (int x = 0; x < width; x++)
+            columnHeight[x] = alpha[(size_t)y * width + x] == 255 ? columnHeight[x] + 1 : 0;
+        stack.clear();
+        for (int x = 0; x <= width; x++) {
+            const int h = x < width ? columnHeight[x] : 0;
+            while (!stack.empty() && columnHeight[stack.back()] >= h) {
+                const int top = columnHeight[stack.back()];
+                stack.pop_back();
+                const int left = stack.empty() ? 0 : stack.back() + 1;
+                if ((long)top * (x - left) > best) {
+                    best = (long)top * (x - left);
+                    facts->ix0 = left, facts->ix1 = x, facts->iy0 = y + 1 - top, facts->iy1 = y + 1;
+                }
+            }
+            stack.push_back(x);
+        }
+    }
+}
+
+static TextureFacts readTextureFacts(int width, int height)
+{
+    TextureFacts facts = {width, height, 0, 0, width, height, SoftAlpha, 0, 0, 0, 0};
+    // A read that fails leaves the buffer opaque: the whole texture is drawn,
+    // and blended, as if nothing were known.
+    std::vector<unsigned char> alpha((size_t)width * height, 255);
+    GLint packAlignment = 4;
+    glGetIntegerv(GL_PACK_ALIGNMENT, &packAlignment);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glGetTexImage(GL_TEXTURE_2D, 0, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
+    if (glGetError() != GL_NO_ERROR) {
+        glPixelStorei(GL_PACK_ALIGNMENT, packAlignment);
+        return facts;
+    }
+    glPixelStorei(GL_PACK_ALIGNMENT, packAlignment);
+    int x0 = width, y0 = height, x1 = 0, y1 = 0;
+    bool clearTexels = false, partTexels = false;
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const unsigned char a = alpha[(size_t)y * width + x];
+            clearTexels |= a == 0;
+            partTexels |= a != 0 && a != 255;
+            if (a) {
+                x0 = x < x0 ? x : x0;
+                x1 = x + 1 > x1 ? x + 1 : x1;
+                y0 = y < y0 ? y : y0;
+                y1 = y + 1 > y1 ? y + 1 : y1;
+            }
+        }
+    facts.x0 = x0, facts.y0 = y0, facts.x1 = x1, facts.y1 = y1;
+    facts.alpha = partTexels ? SoftAlpha : clearTexels ? HolesAlpha : OpaqueAlpha;
+    if (facts.alpha == SoftAlpha)
+        findOpaqueBox(alpha, width, height, &facts);
+    return facts;
+}
+
+// The texture must be bound.
+static const TextureFacts &factsOfBound(TextureId texture, int width, int height)
+{
+    auto found = textureFacts.find(texture);
+    if (found == textureFacts.end() || found->second.width != width || found->second.height != height)
+        found = textureFacts.insert_or_assign(texture, readTextureFacts(width, height)).first;
+    return found->second;
+}
+
+static void boundSize(GLint *width, GLint *height)
+{
+    *width = *height = 0;
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, width);
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, height);
+}
+
+// The texture must be bound.
+static const TextureFacts &factsOfBound(TextureId texture)
+{
+    auto found = textureFacts.find(texture);
+    if (found != textureFacts.end())
+        return found->second;
+    GLint width, height;
+    boundSize(&width, &height);
+    return factsOfBound(texture, width, height);
+}
+
+// Blend and alpha test as a picture needs them. Every primitive leaves both
+// switched on, as the screens' own drawing expects.
+struct Blending {
+    bool blend, alphaTest;
+};
+static const Blending FullBlending = {true, true};
+static Blending blendingNow = FullBlending;
+
+static void setBlending(Blending wanted)
+{
+    if (wanted.blend != blendingNow.blend)
+        wanted.blend ? glEnable(GL_BLEND) : glDisable(GL_BLEND);
+    if (wanted.alphaTest != blendingNow.alphaTest)
+        wanted.alphaTest ? glEnable(GL_ALPHA_TEST) : glDisable(GL_ALPHA_TEST);
+    blendingNow = wanted;
+}
+
+// Only at full strength does blending give back the picture's own colour.
+// Holes need the nearest texel: a smooth filter would make soft edges of them.
+static Blending blendingFor(const TextureFacts &facts, float a, bool nearest)
+{
+    if (a != 1.0f)
+        return FullBlending;
+    if (facts.alpha == OpaqueAlpha)
+        return Blending{false, true};
+    if (facts.alpha == HolesAlpha && nearest)
+        return Blending{false, true};
+    return FullBlending;
+}
+
 // Steps 1 to 5 of every textured primitive: reset, place (and turn), colour,
-// bind, and optionally switch the texture to nearest filtering for good.
+// bind, and optionally switch the texture to nearest filtering for good; then
+// the blending the picture needs.
 static void placeTexture(float x, float y, float angle, TextureId texture, float r, float g, float b, float a,
                          bool nearest)
 {
@@ -86,6 +250,7 @@ static void placeTexture(float x, float y, float angle, TextureId texture, float
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     }
+    setBlending(blendingFor(factsOfBound(texture), a, nearest));
 }
 
 // The whole texture over the quad, counter-clockwise from the bottom-left.
@@ -101,6 +266,7 @@ static void texturedQuad(float left, float bottom, float right, float top)
     glTexCoord2f(0, 1);
     glVertex2f(left, top);
     glEnd();
+    setBlending(FullBlending);
 }
 
 // A batch: the squares between beginQuadBatch and endQuadBatch that share a
@@ -108,10 +274,26 @@ static void texturedQuad(float left, float bottom, float right, float top)
 // and its corners worked out here, which is what the translation would give.
 // A software renderer pays for every glBegin and every bind; a screen of
 // terrain is hundreds of squares, most of them beside one of the same kind.
+//
+// Neighbouring cells seldom share a picture, though, so the squares are kept
+// until their group ends and then sent sorted by layer and picture. That
+// changes no pixel as long as the squares of one layer of a group do not
+// overlap: the order of squares matters only where they cover the same pixel.
+struct QueuedSquare {
+    int layer;
+    TextureId texture;
+    bool nearest;
+    float x, y, half;
+    float r, g, b, a;
+};
+static std::vector<QueuedSquare> queuedSquares;
+static int batchLayer = 0;
 static bool batching = false;
 static bool batchOpen = false;
 static TextureId batchTexture = 0;
 static bool batchNearest = false;
+static Blending batchBlending = FullBlending;
+static const TextureFacts *batchFacts = nullptr;
 
 static void closeBatchRun()
 {
@@ -120,24 +302,56 @@ static void closeBatchRun()
     batchOpen = false;
 }
 
+static void batchedSquare(float x, float y, TextureId texture, float r, float g, float b, float a, float half,
+                          bool nearest);
+
+static void sendQueuedSquares()
+{
+    std::stable_sort(queuedSquares.begin(), queuedSquares.end(), [](const QueuedSquare &p, const QueuedSquare &q) {
+        return p.layer != q.layer ? p.layer < q.layer : p.texture < q.texture;
+    });
+    for (const QueuedSquare &q : queuedSquares)
+        batchedSquare(q.x, q.y, q.texture, q.r, q.g, q.b, q.a, q.half, q.nearest);
+    queuedSquares.clear();
+}
+
 void beginQuadBatch()
 {
     resetDrawState();
     batching = true;
     batchOpen = false;
+    batchFacts = nullptr;
+    batchLayer = 0;
+    queuedSquares.clear();
+}
+
+void setBatchLayer(int layer)
+{
+    batchLayer = layer;
+}
+
+void nextBatchGroup()
+{
+    if (batching)
+        sendQueuedSquares();
+    batchLayer = 0;
 }
 
 void endQuadBatch()
 {
+    sendQueuedSquares();
     closeBatchRun();
     batching = false;
+    setBlending(FullBlending);
     resetDrawState();
 }
 
 static void batchedSquare(float x, float y, TextureId texture, float r, float g, float b, float a, float half,
                           bool nearest)
 {
-    if (!batchOpen || texture != batchTexture || (nearest && !batchNearest)) {
+    const bool sameTexture = batchOpen && texture == batchTexture && (!nearest || batchNearest);
+    const Blending wanted = sameTexture ? blendingFor(*batchFacts, a, batchNearest) : FullBlending;
+    if (!sameTexture || wanted.blend != batchBlending.blend || wanted.alphaTest != batchBlending.alphaTest) {
         closeBatchRun();
         glLoadIdentity();
         glBindTexture(GL_TEXTURE_2D, texture);
@@ -145,10 +359,15 @@ static void batchedSquare(float x, float y, TextureId texture, float r, float g,
             glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
             glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
         }
+        // A run that keeps its texture keeps its filtering too.
+        const bool runNearest = sameTexture ? batchNearest : nearest;
+        batchFacts = &factsOfBound(texture);
+        batchBlending = blendingFor(*batchFacts, a, runNearest);
+        setBlending(batchBlending);
         glBegin(GL_QUADS);
         batchOpen = true;
         batchTexture = texture;
-        batchNearest = nearest;
+        batchNearest = runNearest;
     }
     glColor4f(r, g, b, a);
     glTexCoord2f(0, 0);
@@ -166,67 +385,48 @@ static void drawSquare(float x, float y, float angle, TextureId texture, float r
 {
     float half = size / 2;
     if (batching && angle == 0) {
-        batchedSquare(x, y, texture, r, g, b, a, half, nearest);
+        queuedSquares.push_back(QueuedSquare{batchLayer, texture, nearest, x, y, half, r, g, b, a});
         return;
     }
-    if (batching)
+    // A turned square reaches past its cell: it is drawn in its place among
+    // the others, so it ends its group.
+    if (batching) {
+        sendQueuedSquares();
         closeBatchRun();
+    }
     placeTexture(x, y, angle, texture, r, g, b, a, nearest);
     texturedQuad(-half, -half, half, half);
 }
 
-// Many pictures are mostly see-through (the menu's console stands on a
-// 512 x 512 sheet, panels have round corners), and a software renderer
-// shades every pixel of a quad only to throw the clear ones away. So each
-// texture's box of texels that are not wholly clear is read once from the
-// texture itself, and only that box is drawn. A texel of alpha 0 adds nothing
-// under any colour, so the picture on screen is the same. Textures are never
-// deleted or refilled, so a box stays true for the whole run.
-struct VisibleBox {
-    int width, height;   // of the texture the box was read from
-    int x0, y0, x1, y1;  // texels, upper bounds exclusive; empty when x0 >= x1
-};
-static std::unordered_map<TextureId, VisibleBox> visibleBoxes;
-
-static VisibleBox readVisibleBox(int width, int height)
+// The texels x0..x1, y0..y1 of a texture drawn at its own size with its
+// bottom-left corner at (left, bottom); nothing when the box is empty.
+// Called between glBegin and glEnd.
+static void texelBox(float left, float bottom, int width, int height, int x0, int y0, int x1, int y1)
 {
-    VisibleBox box = {width, height, 0, 0, width, height};
-    // A read that fails leaves the buffer opaque: the whole texture is drawn.
-    std::vector<unsigned char> alpha((size_t)width * height, 255);
-    GLint packAlignment = 4;
-    glGetIntegerv(GL_PACK_ALIGNMENT, &packAlignment);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glGetTexImage(GL_TEXTURE_2D, 0, GL_ALPHA, GL_UNSIGNED_BYTE, alpha.data());
-    glPixelStorei(GL_PACK_ALIGNMENT, packAlignment);
-    int x0 = width, y0 = height, x1 = 0, y1 = 0;
-    for (int y = 0; y < height; y++)
-        for (int x = 0; x < width; x++)
-            if (alpha[(size_t)y * width + x]) {
-                x0 = x < x0 ? x : x0;
-                x1 = x + 1 > x1 ? x + 1 : x1;
-                y0 = y < y0 ? y : y0;
-                y1 = y + 1 > y1 ? y + 1 : y1;
-            }
-    box.x0 = x0, box.y0 = y0, box.x1 = x1, box.y1 = y1;
-    return box;
+    if (x0 >= x1 || y0 >= y1)
+        return;
+    const float u0 = (float)x0 / width, u1 = (float)x1 / width;
+    const float v0 = (float)y0 / height, v1 = (float)y1 / height;
+    glTexCoord2f(u0, v0);
+    glVertex2f(left + x0, bottom + y0);
+    glTexCoord2f(u1, v0);
+    glVertex2f(left + x1, bottom + y0);
+    glTexCoord2f(u1, v1);
+    glVertex2f(left + x1, bottom + y1);
+    glTexCoord2f(u0, v1);
+    glVertex2f(left + x0, bottom + y1);
 }
 
-static const VisibleBox &visibleBoxOf(TextureId texture, int width, int height)
-{
-    auto found = visibleBoxes.find(texture);
-    if (found == visibleBoxes.end() || found->second.width != width || found->second.height != height)
-        found = visibleBoxes.insert_or_assign(texture, readVisibleBox(width, height)).first;
-    return found->second;
-}
+// Below this many pixels the second draw costs more than the blending saved.
+static const int MIN_OPAQUE_MIDDLE = 4096;
 
 // The size is asked from OpenGL at every call rather than stored: it is the
 // size of the texture AllegroGL made, which may differ from the picture's.
 void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a)
 {
     placeTexture(x, y, 0, texture, r, g, b, a, true);
-    GLint width = 0, height = 0;
-    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
-    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &height);
+    GLint width, height;
+    boundSize(&width, &height);
     const float left = -width / 2.0f, bottom = -height / 2.0f;
     // Only where the texels meet whole pixels (every picture at a whole
     // position, as the screens place them) is the trimmed quad sure to pick
@@ -235,21 +435,31 @@ void drawTexture(float x, float y, TextureId texture, float r, float g, float b,
         texturedQuad(left, bottom, -left, -bottom);
         return;
     }
-    const VisibleBox &box = visibleBoxOf(texture, width, height);
-    if (box.x0 >= box.x1 || box.y0 >= box.y1)
+    const TextureFacts &box = factsOfBound(texture, width, height);
+    if (box.x0 >= box.x1 || box.y0 >= box.y1) {
+        setBlending(FullBlending);
         return;
+    }
+    // A soft-edged picture with a large opaque middle (a panel, a button) is
+    // drawn as that middle, without blending, and the frame around it,
+    // blended: the two share no pixel, so the picture is the same.
+    const bool splitMiddle =
+        box.alpha == SoftAlpha && a == 1.0f && (box.ix1 - box.ix0) * (box.iy1 - box.iy0) >= MIN_OPAQUE_MIDDLE;
     glBegin(GL_QUADS);
-    const float u0 = (float)box.x0 / width, u1 = (float)box.x1 / width;
-    const float v0 = (float)box.y0 / height, v1 = (float)box.y1 / height;
-    glTexCoord2f(u0, v0);
-    glVertex2f(left + box.x0, bottom + box.y0);
-    glTexCoord2f(u1, v0);
-    glVertex2f(left + box.x1, bottom + box.y0);
-    glTexCoord2f(u1, v1);
-    glVertex2f(left + box.x1, bottom + box.y1);
-    glTexCoord2f(u0, v1);
-    glVertex2f(left + box.x0, bottom + box.y1);
+    if (!splitMiddle) {
+        texelBox(left, bottom, width, height, box.x0, box.y0, box.x1, box.y1);
+    } else {
+        texelBox(left, bottom, width, height, box.x0, box.y0, box.x1, box.iy0);
+        texelBox(left, bottom, width, height, box.x0, box.iy1, box.x1, box.y1);
+        texelBox(left, bottom, width, height, box.x0, box.iy0, box.ix0, box.iy1);
+        texelBox(left, bottom, width, height, box.ix1, box.iy0, box.x1, box.iy1);
+        glEnd();
+        setBlending(Blending{false, true});
+        glBegin(GL_QUADS);
+        texelBox(left, bottom, width, height, box.ix0, box.iy0, box.ix1, box.iy1);
+    }
     glEnd();
+    setBlending(FullBlending);
 }
 
 // Integer halves, so an odd size loses a pixel: widgets are laid out on these.
@@ -302,18 +512,17 @@ void drawBackgroundTile(float x, float y, int index, float r, float g, float b, 
 // 800), so the turning picture never shows a corner.
 //
 // It fills the screen on every menu, so on a software renderer it is most of
-// a frame's cost. The picture is opaque: blending and the alpha test would
-// only read back and test what it covers anyway. And it is never drawn
-// smaller than its texture (512 pixels across), so only the magnifying filter
-// is ever used: a plain bilinear minifying filter spares the renderer its
-// per-pixel mipmap selection without changing a pixel.
+// a frame's cost. The picture is opaque, so it goes without blending like
+// every opaque picture. And it is never drawn smaller than
+// its texture (512 pixels across), so only the magnifying filter is ever
+// used: a plain bilinear minifying filter spares the renderer its per-pixel
+// mipmap selection without changing a pixel.
 void drawBackdrop()
 {
-    glDisable(GL_BLEND);
-    glDisable(GL_ALPHA_TEST);
     placeTexture(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2, backdropAngle, SpriteTextures[39], 1, 1, 1, 1, false);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    // A turned picture never takes the renderer's shortcut: the alpha test
+    // can go too (the same picture, checked against a dump of it).
+    setBlending(Blending{false, false});
     texturedQuad(-512, -512, 512, 512);
-    glEnable(GL_ALPHA_TEST);
-    glEnable(GL_BLEND);
 }

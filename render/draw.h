@@ -12,13 +12,23 @@ void beginFrame2D();
 void endFrame2D();
 void resetDrawState();
 void presentFrame();
+// Called once before the first frame; see draw.cpp.
+void keepFrameMemory();
 void clearToBlack();
 
 // Between these two only drawStructure, drawStructureIcon, drawObject,
 // drawTile and drawBackgroundTile may draw: their squares are sent in runs
 // that share a texture, the same picture for much less work. No other
 // OpenGL call may come in between.
+//
+// The squares are sent group by group (nextBatchGroup ends one), each group
+// layer by layer (setBatchLayer, 0 at the start of a group), and within a
+// layer in whatever order joins the most squares of one picture. So squares
+// of one layer of one group must never overlap; anything that must lie over
+// another square of its group goes in a later layer or a later group.
 void beginQuadBatch();
+void setBatchLayer(int layer);
+void nextBatchGroup();
 void endQuadBatch();
 
 void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a);

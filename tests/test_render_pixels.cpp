@@ -3,14 +3,17 @@
 
 #include "app/screens.h"
 #include "game/camera.h"
+#include "game/levelview.h"
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/text.h"
 #include "render/textures.h"
+#include "world/level.h"
 
 #include <GL/osmesa.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <string>
@@ -332,4 +335,168 @@ TEST_F(Pixels, WorldStarsScrollWithTheCameraScreenStarsDoNot)
     EXPECT_EQ(coveredColumns(60, Black), std::make_pair(296, 303));
     camX = camY = 0;
     clearStars();
+}
+
+// The shortcuts the drawing takes for a software renderer (squares sent
+// sorted by picture, pictures drawn without blending, a panel's opaque middle
+// drawn apart from its edge) must leave every pixel as plain drawing, in the
+// order the game asks for, would have it.
+
+// Half see-through, so any two pictures over one pixel show their order.
+static TextureId softPicture(int w, int h, int seed)
+{
+    return makePicture(w, h, [seed](int x, int y) {
+        return Rgba{(unsigned char)(seed * 37 + x * 5), (unsigned char)(seed * 91 + y * 7),
+                    (unsigned char)(x * y + seed), (unsigned char)(60 + (x + y + seed) % 150)};
+    });
+}
+
+// Opaque with a ring of soft texels and a few clear ones: the panels' kind.
+static TextureId panelPicture(int w, int h)
+{
+    return makePicture(w, h, [w, h](int x, int y) {
+        const int ring = std::min(std::min(x, y), std::min(w - 1 - x, h - 1 - y));
+        const unsigned char a = ring == 0 ? 0 : ring < 4 ? (unsigned char)(ring * 60) : 255;
+        return Rgba{(unsigned char)(x * 3), (unsigned char)(y * 3), (unsigned char)(x ^ y), a};
+    });
+}
+
+// A background of every shade, for blending to show against.
+static void shadedBackground()
+{
+    glClearColor(0, 0, 0, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    static const TextureId shades = makePicture(64, 64, [](int x, int y) {
+        return Rgba{(unsigned char)(x * 4), (unsigned char)(y * 4), (unsigned char)(128 + x - y), 255};
+    });
+    drawTextureSized(320, 240, shades, 1, 1, 1, 1, 640, 480);
+}
+
+static std::vector<unsigned char> wholeFrame()
+{
+    std::vector<unsigned char> pixels(SCREEN_WIDTH * SCREEN_HEIGHT * 4);
+    glFinish();
+    glReadPixels(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    return pixels;
+}
+
+// The window shows no alpha: only colours count.
+static size_t differingPixels(const std::vector<unsigned char> &a, const std::vector<unsigned char> &b)
+{
+    size_t n = 0;
+    for (size_t i = 0; i < a.size(); i += 4)
+        n += a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2];
+    return n;
+}
+
+TEST_F(Pixels, BatchedTerrainAndEdgesLookAsDrawnOneByOne)
+{
+    for (int slot = 0; slot < 23; slot++)
+        TerrainSetTextures[slot] = softPicture(32, 32, slot);
+    for (int slot = 0; slot < 16; slot++)
+        ObjectFrameTable[slot] = softPicture(32, 32, 40 + slot);
+    tileRotationAngle = 30;  // the vortex reaches over its neighbours
+    pulseB = 0.4f;
+
+    // Every kind of cell, with open cells among them so edges fall on all
+    // sides and meet at the corners of neighbouring columns.
+    Level level;
+    level.planet = 1;
+    level.width = 20;
+    level.height = 15;
+    level.terrain.assign(level.width, std::vector<int32_t>(level.height, Empty));
+    level.structures.assign(level.width, std::vector<int32_t>(level.height, 0));
+    for (int x = 1; x < level.width - 1; x++)
+        for (int y = 1; y < level.height - 1; y++) {
+            const int k = (x * 7 + y * 5) % 26;
+            level.terrain[x][y] = (k >= 23 || (x + y) % 3 == 0) ? Empty : k;
+        }
+    currentLevel = level;
+    camX = -16;
+    camY = -16;
+    const VisibleCells cells = {0, level.width, 0, level.height};
+    const float ox = viewOriginX(), oy = viewOriginY();
+
+    shadedBackground();
+    drawTerrainCells(cells, ox, oy);
+    drawTerrainEdges(cells, ox, oy);
+    const std::vector<unsigned char> batched = wholeFrame();
+    shadedBackground();
+    drawTerrainCells(cells, ox, oy);
+    EXPECT_GT(differingPixels(batched, wholeFrame()), 2000u) << "the edges must show";
+
+    shadedBackground();
+    for (int x = cells.x0; x < cells.x1; x++)
+        for (int y = cells.y0; y < cells.y1; y++)
+            drawTerrainCell(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    for (int x = cells.x0; x < cells.x1; x++)
+        for (int y = cells.y0; y < cells.y1; y++)
+            drawEdgeOverlays(level, x, y, ox + 32.0f * x, oy - 32.0f * y);
+    const std::vector<unsigned char> oneByOne = wholeFrame();
+
+    EXPECT_EQ(differingPixels(batched, oneByOne), 0u);
+}
+
+// The reference: the whole texture, blended and alpha-tested as the screens
+// were first drawn.
+static void plainPicture(float x, float y, TextureId texture, int w, int h, float r, float g, float b, float a)
+{
+    glLoadIdentity();
+    glTranslatef(x, y, 1);
+    glColor4f(r, g, b, a);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glBegin(GL_QUADS);
+    glTexCoord2f(0, 0);
+    glVertex2f(-w / 2.0f, -h / 2.0f);
+    glTexCoord2f(1, 0);
+    glVertex2f(w / 2.0f, -h / 2.0f);
+    glTexCoord2f(1, 1);
+    glVertex2f(w / 2.0f, h / 2.0f);
+    glTexCoord2f(0, 1);
+    glVertex2f(-w / 2.0f, h / 2.0f);
+    glEnd();
+    resetDrawState();
+}
+
+TEST_F(Pixels, PicturesDrawnUnblendedLookAsBlendedOnes)
+{
+    const TextureId opaque = makePicture(128, 128, [](int x, int y) {
+        return Rgba{(unsigned char)(x * 2), (unsigned char)(255 - y), (unsigned char)(x + y), 255};
+    });
+    const TextureId holes = makePicture(64, 64, [](int x, int y) {
+        return Rgba{(unsigned char)(x * 4), 90, (unsigned char)(y * 4), (unsigned char)((x / 8 + y / 8) % 2 ? 255 : 0)};
+    });
+    const TextureId panel = panelPicture(256, 200);
+    const TextureId smallPanel = panelPicture(40, 40);
+    struct Case {
+        TextureId texture;
+        int w, h;
+        float x, y, r, g, b, a;
+    };
+    // Whole and half positions, full and part strength, white and tinted.
+    const Case cases[] = {
+        {opaque, 128, 128, 100, 100, 1, 1, 1, 1},      {opaque, 128, 128, 240, 120, 0.3f, 0.8f, 1, 1},
+        {opaque, 128, 128, 400, 100, 1, 1, 1, 0.5f},   {holes, 64, 64, 560, 100, 1, 1, 1, 1},
+        {holes, 64, 64, 560, 200, 0.7f, 1, 0.2f, 1},   {holes, 64, 64, 560, 300, 1, 1, 1, 0.6f},
+        {panel, 256, 200, 200, 330, 1, 1, 1, 1},       {panel, 256, 200, 330, 300, 0.9f, 0.6f, 1, 1},
+        {panel, 256, 200, 420, 380, 1, 1, 1, 0.8f},    {smallPanel, 40, 40, 40, 440, 1, 1, 1, 1},
+        {panel, 256, 200, 300.5f, 240, 1, 1, 1, 1},
+    };
+    for (const Case &c : cases) {
+        shadedBackground();
+        drawTexture(c.x, c.y, c.texture, c.r, c.g, c.b, c.a);
+        const std::vector<unsigned char> drawn = wholeFrame();
+        shadedBackground();
+        plainPicture(c.x, c.y, c.texture, c.w, c.h, c.r, c.g, c.b, c.a);
+        EXPECT_EQ(differingPixels(drawn, wholeFrame()), 0u) << "picture " << c.w << "x" << c.h << " at " << c.x << ", " << c.y
+                                                        << " alpha " << c.a;
+    }
+
+    // Each primitive leaves blending and the alpha test on for what follows.
+    drawTexture(100, 100, opaque, 1, 1, 1, 1);
+    drawTexture(200, 330, panel, 1, 1, 1, 1);
+    EXPECT_TRUE(glIsEnabled(GL_BLEND));
+    EXPECT_TRUE(glIsEnabled(GL_ALPHA_TEST));
 }

@@ -82,13 +82,18 @@ void drawTerrainCell(const Level &level, int x, int y, float sx, float sy)
             drawObject(sx, sy, WATER_OBJECT_BASE + level.planet, 1, 1, 1, 1);
         return;
     }
+    // Each of a cell's pictures has a batch layer of its own: cells never
+    // overlap, so only the pictures of one cell need keep their order.
     const CellPicture &picture = cellPictures[code];
     if (picture.tile != NONE)
         drawTile(sx, sy, picture.tile, 1, 1, 1, 1);
+    setBatchLayer(1);
     if (picture.glowTile != NONE)
         drawTile(sx, sy, picture.glowTile, pulseB, 1, pulseB + 0.7f, 1);
+    setBatchLayer(2);
     if (picture.object != NONE)
         drawObject(sx, sy, picture.object, 1, 1, 1, 1);
+    setBatchLayer(0);
 }
 
 void drawEdgeOverlays(const Level &level, int x, int y, float sx, float sy)
@@ -97,9 +102,17 @@ void drawEdgeOverlays(const Level &level, int x, int y, float sx, float sy)
         return;
     if (!isEdgeReceiving(level.terrain[x][y]))
         return;
-    for (const EdgeOverlay &edge : edgeOverlays)
+    // A cell's edges overlap at its corners, so each keeps a batch layer of
+    // its own. The edges of two cells of one column never overlap: one
+    // reaches into the other only when that one casts, and a cell that casts
+    // receives none.
+    int layer = 0;
+    for (const EdgeOverlay &edge : edgeOverlays) {
+        setBatchLayer(layer++);
         if (isEdgeCasting(level.terrain[x + edge.dx][y + edge.dy]))
             drawTile(sx + edge.ox, sy + edge.oy, edge.tile, 1, 1, 1, 1);
+    }
+    setBatchLayer(0);
 }
 
 // The surface's two ends get the below-neighbour edge of cells (0, 6) and
