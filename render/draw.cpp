@@ -422,11 +422,9 @@ static const int MIN_OPAQUE_MIDDLE = 4096;
 
 // The size is asked from OpenGL at every call rather than stored: it is the
 // size of the texture AllegroGL made, which may differ from the picture's.
-void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a)
+// The bound texture at its own size, centred on (x, y), where placeTexture put it.
+static void drawPlacedTexture(float x, float y, TextureId texture, float a, GLint width, GLint height)
 {
-    placeTexture(x, y, 0, texture, r, g, b, a, true);
-    GLint width, height;
-    boundSize(&width, &height);
     const float left = -width / 2.0f, bottom = -height / 2.0f;
     // Only where the texels meet whole pixels (every picture at a whole
     // position, as the screens place them) is the trimmed quad sure to pick
@@ -462,10 +460,26 @@ void drawTexture(float x, float y, TextureId texture, float r, float g, float b,
     setBlending(FullBlending);
 }
 
+void drawTexture(float x, float y, TextureId texture, float r, float g, float b, float a)
+{
+    placeTexture(x, y, 0, texture, r, g, b, a, true);
+    GLint width, height;
+    boundSize(&width, &height);
+    drawPlacedTexture(x, y, texture, a, width, height);
+}
+
 // Integer halves, so an odd size loses a pixel: widgets are laid out on these.
+// A widget drawn at its picture's own even size covers the very pixels
+// drawTexture would, so it takes drawTexture's savings.
 void drawTextureSized(int x, int y, TextureId texture, float r, float g, float b, float a, int w, int h)
 {
     placeTexture((float)x, (float)y, 0, texture, r, g, b, a, true);
+    GLint width, height;
+    boundSize(&width, &height);
+    if (w == width && h == height && w % 2 == 0 && h % 2 == 0) {
+        drawPlacedTexture((float)x, (float)y, texture, a, width, height);
+        return;
+    }
     texturedQuad((float)(-w / 2), (float)(-h / 2), (float)(w / 2), (float)(h / 2));
 }
 
