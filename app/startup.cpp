@@ -231,20 +231,10 @@ void setVideoMode()
     keepFrameMemory();
 
     logLine("Setting up blender...");
-    glAlphaFunc(GL_GREATER, 0.01f);
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_BLEND);
-    glEnable(GL_ALPHA_TEST);
-    glDisable(GL_CULL_FACE);
-    glShadeModel(GL_SMOOTH);
-
     logLine("Setting up viewport...");
-    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glClearColor(0, 0, 0, 0);
-
     logLine("Setting up polygon mode...");
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    setDrawingState();
+    glClearColor(0, 0, 0, 0);
     logLine("Graphical/Video Mode setup completed!");
 }
 

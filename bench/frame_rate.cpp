@@ -283,13 +283,7 @@ int main(int argc, char **argv)
     }
     allegro_gl_use_mipmapping(-1);
     keepFrameMemory();
-    glAlphaFunc(GL_GREATER, 0.01f);
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_BLEND);
-    glEnable(GL_ALPHA_TEST);
-    glDisable(GL_CULL_FACE);
-    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    setDrawingState();
     printf("renderer: %s\n", (const char *)glGetString(GL_RENDERER));
     double load[1] = {0};
     if (getloadavg(load, 1) == 1)

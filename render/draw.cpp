@@ -16,6 +16,19 @@
 #include <unordered_map>
 #include <vector>
 
+void setDrawingState()
+{
+    glAlphaFunc(GL_GREATER, 0.01f);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glEnable(GL_ALPHA_TEST);
+    glDisable(GL_CULL_FACE);
+    glShadeModel(GL_SMOOTH);
+    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
+
 void beginFrame2D()
 {
     glMatrixMode(GL_PROJECTION);

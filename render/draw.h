@@ -8,6 +8,11 @@
 const int SCREEN_WIDTH = 640;
 const int SCREEN_HEIGHT = 480;
 
+// The fixed OpenGL state every primitive relies on: textures, blending, the
+// alpha test, the 640 x 480 viewport. Set once by start-up, and by the tools
+// and tests that draw into a context of their own.
+void setDrawingState();
+
 void beginFrame2D();
 void endFrame2D();
 void resetDrawState();

@@ -684,12 +684,7 @@ TEST_F(FrontEnd, TrimmedPicturesLookTheSameAsWholeOnes)
     glBindTexture(GL_TEXTURE_2D, clear);
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, none.data());
 
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glEnable(GL_ALPHA_TEST);
-    glAlphaFunc(GL_GREATER, 0.01f);
-    glViewport(0, 0, 640, 480);
+    setDrawingState();
     beginFrame2D();
     auto frameAfter = [](void (*draw)(float, float, TextureId, float), float x, float y, TextureId t, float a) {
         drawRect(0, 0, 640, 480, 0.25f, 0.5f, 0.75f, 1);

@@ -57,13 +57,7 @@ public:
         ASSERT_NE(context, nullptr);
         buffer.assign(SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
         ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
-        glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-        glEnable(GL_TEXTURE_2D);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        glEnable(GL_ALPHA_TEST);
-        glAlphaFunc(GL_GREATER, 0.01f);
-        glDisable(GL_CULL_FACE);
+        setDrawingState();
 
         // The real pictures when the build has made the datafile.
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");

@@ -76,16 +76,7 @@ protected:
         ASSERT_NE(context, nullptr);
         buffer.assign(SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
         ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
-        // The state start-up sets and every primitive relies on.
-        glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
-        glAlphaFunc(GL_GREATER, 0.01f);
-        glEnable(GL_TEXTURE_2D);
-        glEnable(GL_BLEND);
-        glEnable(GL_ALPHA_TEST);
-        glDisable(GL_CULL_FACE);
-        glShadeModel(GL_SMOOTH);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+        setDrawingState();
         beginFrame2D();
     }
 

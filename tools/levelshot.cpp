@@ -324,17 +324,8 @@ int main(int argc, char **argv)
         fprintf(stderr, "levelshot: no offscreen OpenGL context\n");
         return 1;
     }
-    // The state start-up gives the game's context.
-    glViewport(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT);
+    setDrawingState();
     glClearColor(0, 0, 0, 1);
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glEnable(GL_ALPHA_TEST);
-    glAlphaFunc(GL_GREATER, 0.01f);
-    glDisable(GL_CULL_FACE);
-    glShadeModel(GL_SMOOTH);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 
     makeTexture = uploadPictureOffscreen;
     // The fonts too: the tutorial panels of the first levels are words.
