@@ -16,6 +16,7 @@
 #include "sim/bubblemen.h"
 #include "render/draw.h"
 #include "sim/cells.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 

@@ -6,7 +6,6 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/camera.h"
 #include "game/gametick.h"
 #include "game/levelview.h"
@@ -18,6 +17,8 @@
 #include "sim/bubblemen.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 #include "world/level.h"
@@ -113,11 +114,6 @@ void gameTick()
     removeGoneRockets();
     launchRockets();
     tickCostLabels();
-}
-
-void gameUpdate()
-{
-    gameTick();
 }
 
 // ---------------------------------------------------------------------------
@@ -341,11 +337,6 @@ void drawGameScreen()
 void runGameFrameWithoutDrawing()
 {
     gameFrame(false);
-}
-
-void gameScreenFrame()
-{
-    drawGameScreen();
 }
 
 // ---------------------------------------------------------------------------

@@ -52,8 +52,8 @@ extern uint32_t levelReturnScreen;
 // Leaves the level by a fade from `from` to levelReturnScreen.
 void leaveLevel(uint32_t from);
 // What "Retry" on the pause panel loads after resetMission: the selection
-// screen's current level normally; the editor's test-play points it at its
-// own copy of the level.
+// screen's current level normally (frontend/gameselect.cpp provides it); the
+// editor's test-play points it at its own copy of the level.
 extern void (*reloadLevelForRetry)();
 
 // What the player did in the level, as a solution script: step N is the

@@ -19,6 +19,7 @@
 #include "render/offscreen.h"
 #include "render/textures.h"
 #include "sim/costlabels.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "world/catalogue.h"
 
