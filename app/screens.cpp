@@ -71,6 +71,23 @@ void startTransition(u32 from, u32 to, u32 starfieldMode)
     transition.starfieldMode = starfieldMode;
 }
 
+// A screen run as the `from` or the `to` of a fade hears no key and no press:
+// its handlers see the snapshot with every key flag and press edge cleared,
+// the pointer and the held latches as they are (so what it draws under the
+// veil does not change). No screen has to remember not to act in a fade.
+static void runUnheard(void (*run)(u32), u32 id)
+{
+    const InputSnapshot heard = input;
+    InputSnapshot quiet = {};
+    quiet.pointerX = heard.pointerX;
+    quiet.pointerY = heard.pointerY;
+    quiet.leftHeld = heard.leftHeld;
+    quiet.rightHeld = heard.rightHeld;
+    input = quiet;
+    run(id);
+    input = heard;
+}
+
 void transitionTick()
 {
     // The step is a double added to the float and stored back as a float, and
@@ -79,7 +96,7 @@ void transitionTick()
         transition.switchLatch = 1;
 
     if ((double)transition.alpha > 1.2 || transition.phase == 1) {
-        runScreenLogic(transition.to);
+        runUnheard(runScreenLogic, transition.to);
         transition.alpha = (float)(transition.alpha - 0.08);
         transition.phase = 1;
         if (transition.switchLatch) {
@@ -88,7 +105,7 @@ void transitionTick()
                 row->arrive();
         }
     } else {
-        runScreenLogic(transition.from);
+        runUnheard(runScreenLogic, transition.from);
         transition.alpha = (float)(transition.alpha + 0.08);
     }
 
@@ -109,13 +126,13 @@ static void blackVeil(float alpha)
 void transitionFrame()
 {
     if (transition.phase == 0) {
-        renderScreen(transition.from);
+        runUnheard(renderScreen, transition.from);
         blackVeil(transition.alpha);
         return;
     }
     if (transition.quitWhenDark)
         quitRequested = 1;
-    renderScreen(transition.to);
+    runUnheard(renderScreen, transition.to);
     blackVeil(transition.alpha);
     if (transition.alpha <= 0.0f) {
         setScreen(transition.to);

@@ -180,10 +180,9 @@ void gameSelectTick()
 {
     takeCampaignNews();
     tickHint();
-    // Not during a fade: this logic also runs under the veil (even on a fade's
-    // first tick, before the veil has any alpha), and leaving then would strand
-    // the veil over the menu and lose the level being entered.
-    if (input.escape && currentScreen == GameSelect) {
+    // This logic also runs under the veil, where it hears no keys: leaving
+    // then would strand the veil over the menu and lose the level being entered.
+    if (input.escape) {
         setScreen(MainMenu);
         return;
     }
