@@ -190,7 +190,7 @@ void introTick()
         return;
     introStarted = true;
     startTransition(Intro, MainMenu, StarfieldMenu);
-    requestMusic(0);
+    requestMusic(MenuMusic);
 }
 
 void introFrame()
