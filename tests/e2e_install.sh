@@ -1,0 +1,95 @@
+#!/usr/bin/env bash
+# The installed game as a player meets it: started by its command from
+# another folder, with a home of its own and a game folder nobody may write.
+# A setting changed in Options must land in the player's XDG folders, the
+# log beside it, and nothing at all in the game folder.
+#   e2e_install.sh <stage dir> <close_window tool> <work dir>
+set -u
+STAGE=$1
+CLOSE_WINDOW=$2
+WORK=$3
+PY=/usr/bin/python3
+failures=0
+check() {  # check <description> <command...>
+    local what=$1; shift
+    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
+}
+wait_for_line() {  # wait_for_line <file> <text> <seconds>
+    local i
+    for ((i = 0; i < $3 * 10; i++)); do
+        grep -qF -- "$2" "$1" 2>/dev/null && return 0
+        sleep 0.1
+    done
+    return 1
+}
+click_at() {  # click_at <x> <y>: held a few frames, as a player's click is
+    local wid
+    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
+    [ -n "$wid" ] || return 1
+    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
+    sleep 1
+    xdotool mouseup 1
+    sleep 0.5
+}
+
+LAUNCHER=$(find "$STAGE" -path '*/games/delvemoor' -type l | head -n 1)
+[ -n "$LAUNCHER" ] || { echo "FAIL - no installed command under $STAGE"; exit 1; }
+GAME_FOLDER=$(dirname "$(readlink -f "$LAUNCHER")")
+
+rm -rf "$WORK"
+mkdir -p "$WORK/bin" "$WORK/home" "$WORK/elsewhere"
+cat > "$WORK/bin/xmessage" <<'STUB'
+#!/bin/sh
+printf '%s\n' "$*" >> "$XMESSAGE_LOG"
+STUB
+printf '#!/bin/sh\nexit 0\n' > "$WORK/bin/xdg-open"
+chmod +x "$WORK/bin/xmessage" "$WORK/bin/xdg-open"
+export PATH="$WORK/bin:$PATH" XMESSAGE_LOG=$WORK/xmessage.log
+export HOME=$WORK/home
+unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_STATE_HOME
+CONFIG=$HOME/.config/delvemoor/gameconfig.cfg
+LOG=$HOME/.local/state/delvemoor/gamelog.txt
+CUSTOM=$HOME/.local/share/delvemoor/custom
+
+chmod -R a-w "$GAME_FOLDER"
+trap 'chmod -R u+w "$GAME_FOLDER"' EXIT
+find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-before"
+
+exec 3>"$WORK/display"
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp > "$WORK/xvfb.log" 2>&1 &
+XVFB=$!
+for ((i = 0; i < 100; i++)); do [ -s "$WORK/display" ] && break; sleep 0.1; done
+export DISPLAY=:$(cat "$WORK/display")
+trap 'kill $XVFB 2>/dev/null; chmod -R u+w "$GAME_FOLDER"' EXIT
+
+(cd "$WORK/elsewhere" && exec "$LAUNCHER" > "$WORK/game.out" 2>&1) &
+GAME=$!
+check "the log is in the player's state folder" wait_for_line "$LOG" "Load Screen Done" 240
+sleep 2
+grep -qF "OpenGL Card: llvmpipe" "$LOG" && click_at 320 332   # No Thanks
+sleep 6
+click_at 320 313    # Options
+sleep 3
+click_at 264 280    # the second step of Scroll Speed
+sleep 1
+xwd -root -silent > "$WORK/options.xwd" 2>/dev/null
+check "close_window finds the window" "$CLOSE_WINDOW" Delvemoor
+for ((i = 0; i < 600; i++)); do kill -0 "$GAME" 2>/dev/null || break; sleep 0.1; done
+kill -9 "$GAME" 2>/dev/null
+wait "$GAME"
+status=$?
+check "the game ends with status 0 (got $status)" test "$status" = 0
+check "the log ends with its trailer" test "$(tail -c 17 "$LOG")" = ":: End Of LogFile"
+check "the log names the folders" grep -qxF "Settings: $CONFIG" "$LOG"
+check "the changed setting is in the player's configuration" grep -qx "SCROLLSPEED = 2" "$CONFIG"
+check "the player's custom folder is made" test -d "$CUSTOM"
+check "no message box was shown but the video mode's" \
+    test -z "$(grep -vF 'Failed to set requested Video Mode' "$XMESSAGE_LOG" 2>/dev/null)"
+chmod -R u+w "$GAME_FOLDER"
+find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-after"
+check "nothing in the game folder was written" cmp -s "$WORK/game-folder-before" "$WORK/game-folder-after"
+check "no sanitizer report" bash -c "! grep -q Sanitizer '$WORK/game.out'"
+
+echo
+[ "$failures" -gt 0 ] && { echo "$failures check(s) failed"; exit 1; }
+echo "the installed game keeps the player's files in the player's folders"
