@@ -8,3 +8,6 @@ add_test(NAME e2e_install
           $<TARGET_FILE:close_window> ${CMAKE_BINARY_DIR}/e2e-install)
 set_tests_properties(e2e_install PROPERTIES FIXTURES_REQUIRED installed_game
   ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 600 RUN_SERIAL TRUE)
+
+add_test(NAME make_clean
+  COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/make_clean.sh ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}/make-clean)
