@@ -9,19 +9,7 @@ STAGE=$1
 CLOSE_WINDOW=$2
 WORK=$3
 PY=/usr/bin/python3
-failures=0
-check() {  # check <description> <command...>
-    local what=$1; shift
-    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
-}
-wait_for_line() {  # wait_for_line <file> <text> <seconds>
-    local i
-    for ((i = 0; i < $3 * 10; i++)); do
-        grep -qF -- "$2" "$1" 2>/dev/null && return 0
-        sleep 0.1
-    done
-    return 1
-}
+source "$(dirname "$0")/shell_checks.sh"
 click_at() {  # click_at <x> <y>: held a few frames, as a player's click is
     local wid
     wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
@@ -90,6 +78,4 @@ find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-after"
 check "nothing in the game folder was written" cmp -s "$WORK/game-folder-before" "$WORK/game-folder-after"
 check "no sanitizer report" bash -c "! grep -q Sanitizer '$WORK/game.out'"
 
-echo
-[ "$failures" -gt 0 ] && { echo "$failures check(s) failed"; exit 1; }
-echo "the installed game keeps the player's files in the player's folders"
+finish "the installed game keeps the player's files in the player's folders"

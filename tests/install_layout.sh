@@ -6,11 +6,7 @@
 set -u
 BUILD=$1
 STAGE=$2
-failures=0
-check() {  # check <description> <command...>
-    local what=$1; shift
-    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
-}
+source "$(dirname "$0")/shell_checks.sh"
 
 if [ -d "$STAGE" ]; then chmod -R u+w "$STAGE"; rm -rf "$STAGE"; fi
 PREFIX=$(sed -n 's/^CMAKE_INSTALL_PREFIX:PATH=//p' "$BUILD/CMakeCache.txt")
@@ -62,6 +58,4 @@ PY
 )
 check "every icon is the size its folder names, and not blank${sizes:+: $sizes}" test -z "$sizes"
 
-echo
-[ "$failures" -gt 0 ] && { echo "$failures check(s) failed"; exit 1; }
-echo "the installed layout is complete"
+finish "the installed layout is complete"
