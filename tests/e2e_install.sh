@@ -5,9 +5,9 @@
 # log beside it, and nothing at all in the game folder.
 #   e2e_install.sh <stage dir> <close_window tool> <work dir>
 set -u
-STAGE=$1
+STAGE=$(cd "$1" && pwd)
 CLOSE_WINDOW=$2
-WORK=$3
+WORK=$(realpath -m "$3")
 PY=/usr/bin/python3
 source "$(dirname "$0")/shell_checks.sh"
 click_at() {  # click_at <x> <y>: held a few frames, as a player's click is
@@ -61,6 +61,10 @@ sleep 3
 click_at 264 280    # the second step of Scroll Speed
 sleep 1
 xwd -root -silent > "$WORK/options.xwd" 2>/dev/null
+# Desktops group the window by its class and show its icon in the task list.
+window_props=$(for w in $(xdotool search --name '^Delvemoor$' 2>/dev/null); do xprop -id "$w" WM_CLASS _NET_WM_ICON; done)
+check "the window's class is the game's" grep -qF 'WM_CLASS(STRING) = "delvemoor", "Delvemoor"' <<< "$window_props"
+check "the window carries the game's icon" grep -qF "Icon (48 x 48)" <<< "$window_props"
 check "close_window finds the window" "$CLOSE_WINDOW" Delvemoor
 for ((i = 0; i < 600; i++)); do kill -0 "$GAME" 2>/dev/null || break; sleep 0.1; done
 kill -9 "$GAME" 2>/dev/null
