@@ -6,7 +6,7 @@
 #include "app/paths.h"
 #include "app/atomic_write.h"
 #include "app/log.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 
 #include <cerrno>
 #include <cstdlib>

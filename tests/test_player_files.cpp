@@ -5,7 +5,7 @@
 #include "app/config.h"
 #include "app/log.h"
 #include "app/paths.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 #include "editor/editor.h"
 #include "game/mission.h"
 #include "world/catalogue.h"

@@ -4,9 +4,8 @@
 
 #include "world/catalogue.h"
 #include "app/log.h"
+#include "app/gamedir.h"
 #include "app/paths.h"
-#include "app/startup.h"
-#include "frontend/screens.h"
 #include "game/mission.h"
 #include "world/level.h"
 
@@ -220,7 +219,6 @@ void advanceCampaign()
     if (missionsUnlocked >= CAMPAIGN_LEVEL_COUNT)
         return;
     missionsUnlocked++;
-    missionMessage = 2;
     missionJustUnlocked = true;
     // The next planet opens with its first mission, as a password would open it.
     int planet = planetOfMission(missionsUnlocked);
