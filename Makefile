@@ -70,11 +70,14 @@ install: build
 	@if [ -w "$(PREFIX)" ] || { [ ! -e "$(PREFIX)" ] && [ -w "$$(dirname "$(PREFIX)")" ]; }; then \
 	  cmake --install build; else $(SUDO) cmake --install build; fi
 
+# Only the game's own folder goes with its files: the shared folders it put
+# files into (games/, share/applications/ ...) belong to the system.
 uninstall:
 	@test -f build/install_manifest.txt || { echo "Nothing installed from this tree."; exit 1; }
-	@if [ -w "$(PREFIX)" ]; then xargs -d '\n' rm -fv < build/install_manifest.txt; \
-	  else $(SUDO) xargs -d '\n' rm -fv < build/install_manifest.txt; fi
-	-@rmdir -p --ignore-fail-on-non-empty $$(xargs -d '\n' -n1 dirname < build/install_manifest.txt | sort -u) 2>/dev/null
+	@prefix=$$(sed -n 's/^CMAKE_INSTALL_PREFIX:PATH=//p' build/CMakeCache.txt); \
+	sudo=$(SUDO); [ -w "$$prefix" ] && sudo=; \
+	$$sudo xargs -d '\n' rm -fv < build/install_manifest.txt; \
+	[ ! -d "$$prefix/lib/games/delvemoor" ] || $$sudo find "$$prefix/lib/games/delvemoor" -depth -type d -empty -delete
 
 # The Debian package, build-deb/delvemoor_<version>_<arch>.deb, checked by lintian.
 deb: test-deps

@@ -39,6 +39,12 @@ CONFIG=$HOME/.config/delvemoor/gameconfig.cfg
 LOG=$HOME/.local/state/delvemoor/gamelog.txt
 CUSTOM=$HOME/.local/share/delvemoor/custom
 
+# A level of the player's own, as the editor saves it, on planet 1 where no
+# example lies: Custom Game must offer it from the player's folder.
+MINE=$CUSTOM/my-crossing.level
+mkdir -p "$CUSTOM"
+sed -e '1s/.*/My Own Crossing/' -e '2s/.*/1/' "$GAME_FOLDER/custom/crossing.level" > "$MINE"
+
 chmod -R a-w "$GAME_FOLDER"
 trap 'chmod -R u+w "$GAME_FOLDER"' EXIT
 find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-before"
@@ -61,6 +67,15 @@ sleep 3
 click_at 264 280    # the second step of Scroll Speed
 sleep 1
 xwd -root -silent > "$WORK/options.xwd" 2>/dev/null
+click_at 320 420    # Return To Menu
+sleep 3
+click_at 320 205    # New Game
+sleep 4
+click_at 190 319    # Custom Game
+sleep 2
+click_at 190 372    # start the first level of planet 1
+check "Custom Game starts the player's own level" wait_for_line "$LOG" "Successfully loaded level: $MINE" 30
+sleep 2
 # Desktops group the window by its class and show its icon in the task list.
 window_props=$(for w in $(xdotool search --name '^Delvemoor$' 2>/dev/null); do xprop -id "$w" WM_CLASS _NET_WM_ICON; done)
 check "the window's class is the game's" grep -qF 'WM_CLASS(STRING) = "delvemoor", "Delvemoor"' <<< "$window_props"
@@ -74,7 +89,6 @@ check "the game ends with status 0 (got $status)" test "$status" = 0
 check "the log ends with its trailer" test "$(tail -c 17 "$LOG")" = ":: End Of LogFile"
 check "the log names the folders" grep -qxF "Settings: $CONFIG" "$LOG"
 check "the changed setting is in the player's configuration" grep -qx "SCROLLSPEED = 2" "$CONFIG"
-check "the player's custom folder is made" test -d "$CUSTOM"
 check "no message box was shown but the video mode's" \
     test -z "$(grep -vF 'Failed to set requested Video Mode' "$XMESSAGE_LOG" 2>/dev/null)"
 chmod -R u+w "$GAME_FOLDER"
