@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The game's icon: the bubbleman standing, as the menus and the window show
-him, drawn afresh at every size rather than scaled from one picture, so the
-small ones stay crisp.
+"""The game's icon: the bubbleman, as the menus and the levels show him,
+drawn afresh at every size rather than scaled from one picture, so the small
+ones stay crisp.
 
     icon.py --theme <folder>   hicolor theme tree: <N>x<N>/apps/delvemoor.png
     icon.py --window <file>    the pictures the game hands its window, as C data
@@ -12,6 +12,8 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
+from PIL import Image  # noqa: E402
+
 import greenman  # noqa: E402
 
 THEME_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
@@ -20,7 +22,16 @@ WINDOW_SIZES = (16, 32, 48, 64)
 
 
 def picture(size):
-    return greenman.still(size=size)
+    """The whole bubbleman from 48 pixels up; below that his helmeted head
+    and shoulders, so the face still reads in a title bar."""
+    if size >= 48:
+        return greenman.still(size=size)
+    big = greenman.still(size=4 * size)
+    bust = big.crop((int(0.12 * 4 * size), 0, int(0.88 * 4 * size), int(0.76 * 4 * size)))
+    side = max(bust.size)
+    square = Image.new("RGBA", (side, side), (0, 0, 0, 0))
+    square.paste(bust, ((side - bust.size[0]) // 2, (side - bust.size[1]) // 2))
+    return square.resize((size, size), Image.LANCZOS)
 
 
 def write_theme(folder):
