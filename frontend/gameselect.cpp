@@ -12,6 +12,7 @@
 #include "game/camera.h"
 #include "game/gamescreen.h"
 #include "game/mission.h"
+#include "game/proof.h"
 #include "game/status.h"
 #include "render/draw.h"
 #include "render/stars.h"
@@ -23,9 +24,13 @@
 #include <alleggl.h>
 
 #include <cstring>
+#include <set>
+#include <string>
 
 int32_t missionMessage = 1;
 MissionListView missionList = {124, 354, 1, 1, 1, 1, 0, ""};
+// The custom levels whose proof names their bytes, found as the list is read.
+static std::set<std::string> provenCustomLevels;
 std::string chosenLevelPath;
 int32_t selectedPlanet = 1;
 
@@ -206,6 +211,11 @@ void gameSelectTick()
 void enterGameSelect()
 {
     loadLevelCatalogue();
+    provenCustomLevels.clear();
+    for (int list = LEVEL_LIST_COUNT / 2; list < LEVEL_LIST_COUNT; list++)
+        for (const CatalogueEntry &e : levelLists[list])
+            if (levelProvenOnDisk(e.path))
+                provenCustomLevels.insert(e.path);
     blackoutWait(25);
 }
 
@@ -338,8 +348,17 @@ static void drawMissionList()
             missionList.currentPath = e.path;
         float y = missionList.y + 16.0f * (missionList.currentIndex - i);
         if (entryOpen(e) && y > 254 && y < 454) {
-            glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
+            // A custom level whose winning run lies beside it, naming its very
+            // bytes, is known to be winnable: green, and marked where there is room.
+            const bool proven = !campaignMode && provenCustomLevels.count(e.path) > 0;
+            if (proven)
+                glColor4f(0.5f, 1.0f, 0.5f, missionList.a);
+            else
+                glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
             drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s", e.title.c_str());
+            const float tagX = missionList.x + 10.0f * (float)e.title.size() + 6;
+            if (proven && tagX + 36 < 290)
+                drawText(FontTextures[2], tagX, y + 2, 256, 128, 8, 8, -2, "Proven");
         }
         i++;
     }
