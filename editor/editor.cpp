@@ -97,7 +97,7 @@ void forgetHistory()
     undoSteps.clear();
     redoSteps.clear();
     strokeOpen = false;
-    editorProof = EditorProof{false, {}, {}, {}};
+    editorProof = EditorProof{false, {}, {}, {}, {}};
 }
 
 // The grid's shape follows its columns: undo may bring back another size.
@@ -204,12 +204,11 @@ bool proofHoldsFor(const std::string &text)
     if (editorProof.verifiedText == text)
         return true;
     // Each save of a changed level would otherwise replay the lost run again.
-    static std::string refutedText;
-    if (refutedText == text)
+    if (editorProof.refutedText == text)
         return false;
     const char *why = nullptr;
     if (!replayProves(text, editorProof.script, &why)) {
-        refutedText = text;
+        editorProof.refutedText = text;
         return false;
     }
     editorProof.content = paintingContent();
@@ -551,7 +550,7 @@ bool openEditorLevel(const std::string &path, bool campaign)
     std::string bytes, solution;
     if (!campaign && levelProvenOnDisk(path) && readWholeFile(path, &bytes) &&
         readWholeFile(solutionPathFor(path), &solution))
-        editorProof = EditorProof{true, editorDoc.baseline, bytes, solution};
+        editorProof = EditorProof{true, editorDoc.baseline, bytes, solution, {}};
     resetMission();
     editorCamX = camX = 200;
     editorCamY = camY = -550;
@@ -858,7 +857,7 @@ void finishTestPlay()
         setStatus(why);
         return;
     }
-    editorProof = EditorProof{true, testPlay.content, testPlayText, script.str()};
+    editorProof = EditorProof{true, testPlay.content, testPlayText, script.str(), {}};
     // Won on exactly what is on disk: the proof can go beside it at once.
     if (!editorDoc.path.empty() && !editorHasUnsavedChanges() && proofMatchesPainting()) {
         if (writePainting(editorDoc.path) && statusTarget() == StatusSavedProven)

@@ -126,6 +126,7 @@ struct EditorProof {
     EditorContent content;
     std::string verifiedText;
     std::string script;
+    std::string refutedText;    // the last level text its replay lost
 };
 extern EditorProof editorProof;
 bool proofMatchesPainting();

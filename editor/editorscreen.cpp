@@ -27,6 +27,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <sys/stat.h>
 
 EditorScreen editorScreen = {};
@@ -575,6 +576,74 @@ void settingsPanelFrame()
         editorScreen.panel = NoPanel;
 }
 
+// The highlighted level of the open list, read once per highlight and
+// drawn by the level view's own cell pictures, scaled into a box.
+const float THUMBNAIL_X0 = 400, THUMBNAIL_Y0 = 130, THUMBNAIL_X1 = 608, THUMBNAIL_Y1 = 390;
+struct Thumbnail {
+    std::string path;
+    bool loaded;
+    Level level;
+};
+Thumbnail thumbnail;
+
+bool loadThumbnail(const CatalogueEntry &e)
+{
+    if (thumbnail.path == e.path)
+        return thumbnail.loaded;
+    thumbnail.path = e.path;
+    // Read with a scratch mission: the list only looks.
+    MissionState scratch = {};
+    std::string error;
+    if (editorScreen.openCampaign) {
+        PACKFILE *file = pack_fopen(e.path.c_str(), F_READ);
+        thumbnail.loaded = file && parseLevelPackfile(file, thumbnail.level, scratch, &error);
+        if (file)
+            pack_fclose(file);
+    } else {
+        std::ifstream in(e.path);
+        thumbnail.loaded = in.good() && parseLevelStream(in, thumbnail.level, scratch, &error);
+    }
+    if (thumbnail.loaded)
+        normaliseTerrain(thumbnail.level);
+    return thumbnail.loaded;
+}
+
+void drawOpenThumbnail()
+{
+    drawRect(THUMBNAIL_X0, THUMBNAIL_Y0, THUMBNAIL_X1, THUMBNAIL_Y1, 0.02f, 0.03f, 0.08f, 1);
+    drawOutline(THUMBNAIL_X0, THUMBNAIL_Y0, THUMBNAIL_X1, THUMBNAIL_Y1, 0.4f, 0.4f, 0.5f, 1);
+    const int32_t index = editorScreen.openHighlight;
+    setColour(0.7f, 0.7f, 0.7f, 1);
+    if (index < 0 || index >= (int32_t)editorScreen.openEntries.size()) {
+        drawSmallCentred((THUMBNAIL_X0 + THUMBNAIL_X1) / 2, (THUMBNAIL_Y0 + THUMBNAIL_Y1) / 2,
+                         "Point at a level to see it");
+        return;
+    }
+    if (!loadThumbnail(editorScreen.openEntries[index])) {
+        drawSmallCentred((THUMBNAIL_X0 + THUMBNAIL_X1) / 2, (THUMBNAIL_Y0 + THUMBNAIL_Y1) / 2,
+                         "This level cannot be read");
+        return;
+    }
+    const Level &level = thumbnail.level;
+    const float w = 32.0f * level.width, h = 32.0f * level.height;
+    const float boxW = THUMBNAIL_X1 - THUMBNAIL_X0 - 8, boxH = THUMBNAIL_Y1 - THUMBNAIL_Y0 - 8;
+    const float scale = std::min(boxW / w, boxH / h);
+    const float left = (THUMBNAIL_X0 + THUMBNAIL_X1 - w * scale) / 2;
+    const float top = (THUMBNAIL_Y0 + THUMBNAIL_Y1 + h * scale) / 2;
+    resetDrawState();
+    glPushMatrix();
+    glTranslatef(left, top, 0);
+    glScalef(scale, scale, 1);
+    for (int32_t x = 0; x < level.width; x++)
+        for (int32_t y = 0; y < level.height; y++)
+            drawTerrainCell(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
+    for (int32_t x = 0; x < level.width; x++)
+        for (int32_t y = 0; y < level.height; y++)
+            drawEdgeOverlays(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
+    glPopMatrix();
+    resetDrawState();
+}
+
 void openPanelFrame()
 {
     dimLevel(0.6f);
@@ -591,24 +660,34 @@ void openPanelFrame()
     const int32_t pages = ((int32_t)entries.size() + OPEN_ROWS_PER_PAGE - 1) / OPEN_ROWS_PER_PAGE;
     if (entries.empty()) {
         setColour(1, 1, 1, 1);
-        drawMediumCentred(320, 240, "No levels here yet");
+        drawMediumCentred(210, 240, "No levels here yet");
     }
+    // The row under the pointer is the one pictured on the right.
+    if (interactive())
+        editorScreen.openHighlight = -1;
     for (int i = 0; i < OPEN_ROWS_PER_PAGE && first + i < (int32_t)entries.size(); i++) {
         const CatalogueEntry &e = entries[first + i];
         Button &b = editorLeftColumnButtons[i];
+        if (interactive() && pointerIn(b.x - 16, b.y - 18, THUMBNAIL_X0 - 6, b.y + 18))
+            editorScreen.openHighlight = first + i;
+        if (editorScreen.openHighlight == first + i)
+            drawRect(b.x - 18, b.y - 18, THUMBNAIL_X0 - 6, b.y + 18, 1, 1, 1, 0.08f);
         drawButton(b);
         setColour(0.9f, 0.9f, 0.9f, 1);
         drawSmallCentredLabel(b, ">");
         setColour(0.9f, 0.9f, 0.9f, 1);
-        std::string title = e.title.substr(0, 34);
-        drawMediumText(b.x + 24, b.y - 6, title.c_str());
+        std::string title = e.title.substr(0, 24);
+        drawMediumText(b.x + 24, b.y - 1, title.c_str());
         setColour(0.6f, 0.8f, 1.0f, 1);
-        drawText(FontTextures[2], 530, b.y - 4, 256, 128, 8, 8, -2, "Planet %d #%d", e.planet, e.missionNumber);
+        drawText(FontTextures[2], b.x + 24, b.y - 13, 256, 128, 8, 8, -2, "Planet %d #%d", e.planet,
+                 e.missionNumber);
         if (editorScreen.openProven[first + i]) {
             setColour(0.3f, 1.0f, 0.3f, 1);
-            drawSmallText(480, b.y - 4, "Proven");
+            drawSmallText(b.x + 124, b.y - 13, "Proven");
         }
     }
+    if (!entries.empty())
+        drawOpenThumbnail();
     drawButton(previousPageButton);
     drawSmallCentredLabel(previousPageButton, "<");
     drawButton(nextPageButton);
@@ -752,8 +831,6 @@ void openSettingsPanel(bool forNew)
     EditorScreen &e = editorScreen;
     e.settingsForNew = forNew;
     if (forNew) {
-        // Read afresh for the number after the planet's last custom level.
-        loadLevelCatalogue();
         e.settings = currentLevelSettings();
         e.settings.missionNumber = nextCustomMissionNumber(e.settings.planet);
         e.settings.title = "";
@@ -827,6 +904,8 @@ void openOpenPanel()
             e.openProven.push_back(!e.openCampaign && levelProvenOnDisk(entry.path));
         }
     e.openPage = 0;
+    e.openHighlight = -1;
+    thumbnail.path.clear();
     e.panel = OpenPanel;
 }
 
