@@ -831,7 +831,7 @@ void finishTestPlay()
     std::ostringstream script;
     if (won) {
         script << "# " << editorDoc.level.title << ": a winning run played in the level editor\n";
-        writePlayRecord(script);
+        writeSolution(playRecord, script);
     }
     recordingPlay = false;
     levelReturnScreen = GameSelect;

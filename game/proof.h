@@ -5,18 +5,9 @@
 // no longer matches, and nobody is told it is proven.
 #pragma once
 
+#include "game/solution.h"
+
 #include <string>
-
-// The digest of a level file's bytes, as 16 hex digits.
-std::string levelDigest(const std::string &levelBytes);
-
-// The header line is a comment to the solution reader, so older readers and
-// the campaign's solutions (which have none) are unaffected.
-// The script with its first line naming the level it proves (an old header
-// is replaced).
-std::string solutionWithDigest(const std::string &script, const std::string &digest);
-// The digest the solution text names; empty when it names none.
-std::string solutionDigest(const std::string &solutionText);
 
 // Reads a whole file; false when it cannot be read.
 bool readWholeFile(const std::string &path, std::string *text);

@@ -63,7 +63,7 @@ def click(x, y, button=1):
     xdo("mousemove", "--window", window, str(x), str(y))
     time.sleep(0.2)
     xdo("mousedown", str(button))
-    time.sleep(0.5)
+    time.sleep(0.8)
     xdo("mouseup", str(button))
     time.sleep(0.5)
 
