@@ -629,17 +629,23 @@ void drawOpenThumbnail()
     const float scale = std::min(boxW / w, boxH / h);
     const float left = (THUMBNAIL_X0 + THUMBNAIL_X1 - w * scale) / 2;
     const float top = (THUMBNAIL_Y0 + THUMBNAIL_Y1 + h * scale) / 2;
+    // Every primitive starts from an identity model-view, so the shrinking
+    // goes on the projection, for the cells drawn here alone.
     resetDrawState();
+    glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glTranslatef(left, top, 0);
     glScalef(scale, scale, 1);
+    glMatrixMode(GL_MODELVIEW);
     for (int32_t x = 0; x < level.width; x++)
         for (int32_t y = 0; y < level.height; y++)
             drawTerrainCell(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
     for (int32_t x = 0; x < level.width; x++)
         for (int32_t y = 0; y < level.height; y++)
             drawEdgeOverlays(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
+    glMatrixMode(GL_PROJECTION);
     glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
     resetDrawState();
 }
 

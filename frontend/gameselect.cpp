@@ -444,6 +444,11 @@ static void drawModeTexts()
         glColor4f(1, 1, 1, s.modeAlpha);
         drawSmallCentred(190, 210, "Playing");
         drawSmallCentred(190, 200, "Your Levels");
+        // Green titles are proven; the chosen one says so in words.
+        if (provenCustomLevels.count(missionList.currentPath) > 0) {
+            glColor4f(0.5f, 1.0f, 0.5f, s.modeAlpha);
+            drawSmallCentred(190, 184, "Proven: its winning run replays");
+        }
         // The one message custom games need: why the level did not start.
         if (missionMessage == MessageLevelUnreadable)
             drawMessageLine();

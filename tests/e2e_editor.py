@@ -235,9 +235,10 @@ try:
     for _ in TITLE:
         key("BackSpace")
     type_text(RENAMED)
+    shot("5d-rename-panel")
     key("Return")
     time.sleep(1)
-    shot("5d-renamed")
+    shot("5d-renamed-done")
     renamed = os.path.join(GAME, "custom", RENAMED_FILE)
     check("the rename moved the level and its proof",
           os.path.isfile(renamed) and os.path.isfile(renamed[:-6] + ".solution") and not os.path.exists(saved))
