@@ -714,6 +714,19 @@ void openPanelFrame()
             return;
         }
     }
+    // The whole row is a button too: pressed and released on the same row.
+    if (input.leftPressed) {
+        if (editorScreen.openRowHeld < 0)
+            editorScreen.openRowHeld =
+                editorScreen.openHighlight >= 0 ? editorScreen.openHighlight : OPEN_ROW_PRESS_OUTSIDE;
+    } else {
+        const int32_t held = editorScreen.openRowHeld;
+        editorScreen.openRowHeld = -1;
+        if (held >= 0 && held == editorScreen.openHighlight) {
+            openListedLevel(held);
+            return;
+        }
+    }
     updateButton(previousPageButton, input.pointerX, input.pointerY);
     updateButton(nextPageButton, input.pointerX, input.pointerY);
     updateButton(openBackButton, input.pointerX, input.pointerY);
@@ -910,6 +923,8 @@ void openOpenPanel()
         }
     e.openPage = 0;
     e.openHighlight = -1;
+    // A press that began before the list was up is not a click on a row.
+    e.openRowHeld = input.leftPressed ? OPEN_ROW_PRESS_OUTSIDE : -1;
     thumbnail.path.clear();
     e.panel = OpenPanel;
 }

@@ -47,6 +47,8 @@ enum SettingsField : int32_t {
 };
 
 const int OPEN_ROWS_PER_PAGE = 9;
+// openRowHeld for a press that began off the rows (or before the list).
+const int32_t OPEN_ROW_PRESS_OUTSIDE = 1 << 30;
 
 struct EditorScreen {
     bool sessionOpen;           // the document is in currentLevel
@@ -68,6 +70,7 @@ struct EditorScreen {
     std::vector<CatalogueEntry> openEntries;
     std::vector<bool> openProven;   // the proof beside the level names its very bytes
     int32_t openHighlight;          // the row under the pointer, whose picture is shown; -1 none
+    int32_t openRowHeld;            // the row the held button went down on; -1 none
     // Painting aids.
     bool grid;
 };

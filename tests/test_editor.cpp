@@ -895,7 +895,9 @@ TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
     ASSERT_TRUE(editorScreen.openCampaign);
     ASSERT_FALSE(editorScreen.openEntries.empty());
     const std::string campaignPath = editorScreen.openEntries[0].path;
-    clickButton(editorLeftColumnButtons[0]);
+    frame(300, editorLeftColumnButtons[0].y, 0);    // pictured on the right
+    EXPECT_EQ(editorScreen.openHighlight, 0);
+    click(300, editorLeftColumnButtons[0].y);       // a click on its title opens it
     ASSERT_EQ(editorScreen.panel, NoPanel);
     EXPECT_EQ(statusTarget(), StatusLevelOpened);
     EXPECT_TRUE(editorDoc.path.empty());
