@@ -80,7 +80,7 @@ void (*retryOutsideTestPlay)() = nullptr;
 bool paintingInCurrentLevel = false;
 
 // Where the view stood when the editor was last left.
-float editorCamX = 200, editorCamY = -550;
+float editorCamX = START_CAM_X, editorCamY = START_CAM_Y;
 
 // The note that names the work kept at the last shut-down, in the custom
 // folder (hidden, so the catalogue passes it by).
@@ -444,8 +444,8 @@ void newEditorLevel(const LevelSettings &settings)
     editorDoc.baseline = paintingContent();
     forgetHistory();
     currentTool = NoTool;
-    editorCamX = camX = 200;
-    editorCamY = camY = -550;
+    editorCamX = camX = START_CAM_X;
+    editorCamY = camY = START_CAM_Y;
     setStatus(StatusNewLevel);
 }
 
@@ -552,8 +552,8 @@ bool openEditorLevel(const std::string &path, bool campaign)
         readWholeFile(solutionPathFor(path), &solution))
         editorProof = EditorProof{true, editorDoc.baseline, bytes, solution, {}};
     resetMission();
-    editorCamX = camX = 200;
-    editorCamY = camY = -550;
+    editorCamX = camX = START_CAM_X;
+    editorCamY = camY = START_CAM_Y;
     setStatus(StatusLevelOpened);
     return true;
 }
@@ -820,7 +820,7 @@ bool startTestPlay()
     levelReturnScreen = LevelEditor;
     armLevelBanner();
     setScreen(Playing);
-    requestMusic(2);
+    requestMusic(LevelMusic);
     return true;
 }
 
@@ -844,7 +844,7 @@ void finishTestPlay()
     currentTool = testPlay.tool;
     camX = testPlay.camX;
     camY = testPlay.camY;
-    requestMusic(0);
+    requestMusic(MenuMusic);
 
     if (!won) {
         setStatus(StatusTestPlayNotWon);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "game/gamescreen.h"
+#include "game/mission.h"
 #include "game/proof.h"
 #include "world/level.h"
 
@@ -29,7 +30,7 @@ struct EditorDocument {
     bool exists;                // false until the editor first opens
     Level level;                // the level while the editor is not on screen
     int32_t credits;
-    int32_t toolLocked[9];
+    int32_t toolLocked[LOCKABLE_TOOL_COUNT];
     std::string path;           // the custom file it came from or was saved to; empty: never saved
     EditorContent baseline;     // what is on disk (or the fresh level): "Unsaved" means different
 };
@@ -52,7 +53,7 @@ struct LevelSettings {
     int32_t planet;
     int32_t width, height;
     int32_t credits;
-    int32_t toolLocked[9];
+    int32_t toolLocked[LOCKABLE_TOOL_COUNT];
     int32_t missionNumber;      // orders the player's levels in Custom Game
 };
 const int MAX_MISSION_NUMBER = 999;

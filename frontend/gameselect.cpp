@@ -202,7 +202,7 @@ void gameSelectTick()
     tickFallingStars();
     if (!selectScreen.menuSoundPlayed && transition.alpha <= 0.01f) {
         selectScreen.menuSoundPlayed = true;
-        SoundRequest = 24;
+        SoundRequest = SelectScreenSound;
     }
 }
 
@@ -238,7 +238,7 @@ void enterChosenLevel(bool fromGameSelect)
         // the list, which is read afresh and tells the player why.
         transition.to = GameSelect;
         missionMessage = MessageLevelUnreadable;
-        requestMusic(0);
+        requestMusic(MenuMusic);
         enterGameSelect();
         return;
     }
@@ -262,14 +262,14 @@ static void startMission()
     startTransition(GameSelect, Playing, StarfieldGame);
     setStatus(StatusEmpty);
     logLine("Entering Level...");
-    camX = 200;
-    camY = -550;
+    camX = START_CAM_X;
+    camY = START_CAM_Y;
 }
 
 static void clickPlanet(int k)
 {
     GameSelectState &s = selectScreen;
-    SoundRequest = 6;
+    SoundRequest = PlanetSound;
     s.targetPlanet = (float)k;
     s.targetMessage = (float)(k <= planetProgress ? 1 : MessagePlanetLocked);
     s.messageChangePending = true;
@@ -365,10 +365,10 @@ static void drawMissionList()
                 glColor4f(0.5f, 1.0f, 0.5f, missionList.a);
             else
                 glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
-            drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s", e.title.c_str());
+            drawText(MediumFont, missionList.x, y, "%s", e.title.c_str());
             const float tagX = missionList.x + 10.0f * (float)e.title.size() + 6;
             if (proven && tagX + 36 < 290)
-                drawText(FontTextures[2], tagX, y + 2, 256, 128, 8, 8, -2, "Proven");
+                drawText(SmallFont, tagX, y + 2, "Proven");
         }
         i++;
     }
@@ -429,7 +429,7 @@ static void drawMessageLine()
             continue;
         float x = m.x != 0 ? m.x : 320 - (14.0f * (float)strlen(m.text)) / 2;
         glColor4f(pulseB, 0, 1, selectScreen.messageAlpha);
-        drawText(FontTextures[0], x, 4, 256, 128, 16, 16, -2, "%s", m.text);
+        drawText(LargeFont, x, 4, "%s", m.text);
     }
 }
 
@@ -466,7 +466,7 @@ static void drawHintPanel()
                                         "Click the arrow to select the now", "unlocked level!"};
     static const float ys[] = {320, 310, 290, 280};
     for (int i = 0; i < 4; i++)
-        drawText(FontTextures[2], 266, ys[i], 256, 128, 8, 8, -2, "%s", lines[i]);
+        drawText(SmallFont, 266, ys[i], "%s", lines[i]);
     drawTexture(230, 300, SpriteTextures[38], 1, 1, 1, s.hintAlpha);
 }
 
