@@ -109,11 +109,6 @@ std::vector<ScriptAction> actionsOf(const Plan &plan)
     return out;
 }
 
-bool sameStill(const std::vector<std::pair<float, float>> &a, const std::vector<std::pair<float, float>> &b)
-{
-    return a == b;
-}
-
 // Plays the plan until every bubbleman is aboard, one is lost, or nothing
 // can change any more. Paths, when asked for, collect the cells the
 // bubblemen pass through.
@@ -153,7 +148,7 @@ Outcome play(const Plan &plan, std::set<std::pair<int32_t, int32_t>> *paths = nu
                 paths->insert(std::make_pair(static_cast<int32_t>(b.x) / 32,
                                              (static_cast<int32_t>(b.y) + 32) / 32));
         }
-        stillFor = sameStill(now, last) ? stillFor + 1 : 0;
+        stillFor = now == last ? stillFor + 1 : 0;
         last.swap(now);
         if (stillFor >= STILL_STEPS && next >= actions.size())
             return o;
@@ -248,7 +243,7 @@ void sortPlan(Plan &plan)
 
 // Which moves a variation may touch: not the hatchers, which have one
 // place each, and not "Hatch Pods" itself.
-std::vector<size_t> mutable_moves(const Plan &plan)
+std::vector<size_t> mutableMoves(const Plan &plan)
 {
     std::vector<size_t> out;
     for (size_t i = 0; i < plan.size(); i++)
@@ -298,7 +293,7 @@ struct Search {
         while (better && timeLeft()) {
             better = false;
             const Plan base = best;
-            for (size_t i : mutable_moves(base)) {
+            for (size_t i : mutableMoves(base)) {
                 Plan p = base;
                 p.erase(p.begin() + static_cast<long>(i));
                 if ((better = offer(p)))
@@ -328,7 +323,7 @@ struct Search {
             if (better)
                 continue;
             const bool canDig = std::find(offeredTools.begin(), offeredTools.end(), Shovel) != offeredTools.end();
-            for (size_t i : mutable_moves(base)) {
+            for (size_t i : mutableMoves(base)) {
                 for (int dx = -4; dx <= 4 && !better && timeLeft(); dx++)
                     for (int dig = 0; dig <= (canDig ? 1 : 0) && !better; dig++) {
                         Plan p = base;
@@ -347,7 +342,7 @@ struct Search {
     {
         std::vector<size_t> in(1, i);
         for (size_t k = 0; k < in.size(); k++)
-            for (size_t j : mutable_moves(p))
+            for (size_t j : mutableMoves(p))
                 if (std::find(in.begin(), in.end(), j) == in.end() && std::abs(p[j].x - p[in[k]].x) <= 1 &&
                     std::abs(p[j].y - p[in[k]].y) <= 1)
                     in.push_back(j);
@@ -395,7 +390,7 @@ struct Search {
     {
         const int changes = 1 + pick(4);
         for (int c = 0; c < changes; c++) {
-            const std::vector<size_t> moves = mutable_moves(p);
+            const std::vector<size_t> moves = mutableMoves(p);
             const int kind = moves.empty() ? 4 : pick(8);
             const size_t i = moves.empty() ? 0 : moves[static_cast<size_t>(pick(static_cast<int>(moves.size())))];
             switch (kind) {
