@@ -30,13 +30,7 @@ END_OF_FUNCTION(onCloseButton)
 void runMainLoop()
 {
     while (!quitRequested) {
-        samplePointer();
-        sampleInput();
-        runOwedTicks();
-        clearToBlack();
-        renderScreen(currentScreen);
-        presentFrame();
-        framesThisSecond++;
+        runLoopPass(readDeviceInput(), (float)mouse_x, (float)(SCREEN_HEIGHT - mouse_y), runOwedTicks, drawFrame);
         rest(0);
         checkGlError();
         if (openManualRequested)
@@ -82,7 +76,7 @@ int runGame()
     logSoundStartup();
 
     beginFrame2D();
-    runLoadScreen();
+    runLoadScreen(loadEverything);
     endFrame2D();
 
     beginFrame2D();

@@ -158,13 +158,15 @@ static void tickModeFade()
     s.modeAlpha = clamp01(s.modeAlpha);
 }
 
-// The campaign's news, taken when the screen next runs: the message is set by
-// the campaign itself, the arrow's explanation belongs to this screen.
+// The campaign's news, taken when the screen next runs, before anything reads
+// the message: the campaign only says a mission opened, the words and the
+// arrow's explanation belong to this screen.
 static void takeCampaignNews()
 {
     if (!missionJustUnlocked)
         return;
     missionJustUnlocked = false;
+    missionMessage = 2;
     if (missionsUnlocked == 2) {
         GameSelectState &s = selectScreen;
         s.arrowHint = 1;
@@ -178,10 +180,9 @@ void gameSelectTick()
 {
     takeCampaignNews();
     tickHint();
-    // Not during a fade: this logic also runs under the veil (even on a fade's
-    // first tick, before the veil has any alpha), and leaving then would strand
-    // the veil over the menu and lose the level being entered.
-    if (input.escape && currentScreen == GameSelect) {
+    // This logic also runs under the veil, where it hears no keys: leaving
+    // then would strand the veil over the menu and lose the level being entered.
+    if (input.escape) {
         setScreen(MainMenu);
         return;
     }
@@ -196,12 +197,21 @@ void gameSelectTick()
     tickFallingStars();
     if (!selectScreen.menuSoundPlayed && transition.alpha <= 0.01f) {
         selectScreen.menuSoundPlayed = true;
-        SoundRequest = 24;
+        SoundRequest = SelectScreenSound;
     }
 }
 
 // ---------------------------------------------------------------------------
 // The switch actions of the fades into and out of this screen
+
+// "Retry" on the pause panel: the level the selection screen shows is the
+// one in play.
+static void reloadFromSelection()
+{
+    loadLevelAt(missionList.currentPath);
+}
+
+void (*reloadLevelForRetry)() = reloadFromSelection;
 
 void enterGameSelect()
 {
@@ -218,7 +228,7 @@ void enterChosenLevel(bool fromGameSelect)
         // the list, which is read afresh and tells the player why.
         transition.to = GameSelect;
         missionMessage = MessageLevelUnreadable;
-        requestMusic(0);
+        requestMusic(MenuMusic);
         enterGameSelect();
         return;
     }
@@ -242,14 +252,14 @@ static void startMission()
     startTransition(GameSelect, Playing, StarfieldGame);
     setStatus(StatusEmpty);
     logLine("Entering Level...");
-    camX = 200;
-    camY = -550;
+    camX = START_CAM_X;
+    camY = START_CAM_Y;
 }
 
 static void clickPlanet(int k)
 {
     GameSelectState &s = selectScreen;
-    SoundRequest = 6;
+    SoundRequest = PlanetSound;
     s.targetPlanet = (float)k;
     s.targetMessage = (float)(k <= planetProgress ? 1 : MessagePlanetLocked);
     s.messageChangePending = true;
@@ -339,7 +349,7 @@ static void drawMissionList()
         float y = missionList.y + 16.0f * (missionList.currentIndex - i);
         if (entryOpen(e) && y > 254 && y < 454) {
             glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
-            drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s", e.title.c_str());
+            drawText(MediumFont, missionList.x, y, "%s", e.title.c_str());
         }
         i++;
     }
@@ -400,7 +410,7 @@ static void drawMessageLine()
             continue;
         float x = m.x != 0 ? m.x : 320 - (14.0f * (float)strlen(m.text)) / 2;
         glColor4f(pulseB, 0, 1, selectScreen.messageAlpha);
-        drawText(FontTextures[0], x, 4, 256, 128, 16, 16, -2, "%s", m.text);
+        drawText(LargeFont, x, 4, "%s", m.text);
     }
 }
 
@@ -432,7 +442,7 @@ static void drawHintPanel()
                                         "Click the arrow to select the now", "unlocked level!"};
     static const float ys[] = {320, 310, 290, 280};
     for (int i = 0; i < 4; i++)
-        drawText(FontTextures[2], 266, ys[i], 256, 128, 8, 8, -2, "%s", lines[i]);
+        drawText(SmallFont, 266, ys[i], "%s", lines[i]);
     drawTexture(230, 300, SpriteTextures[38], 1, 1, 1, s.hintAlpha);
 }
 

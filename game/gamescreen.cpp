@@ -6,10 +6,8 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/camera.h"
-#include "game/driver.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "game/levelview.h"
 #include "game/mission.h"
 #include "game/status.h"
@@ -19,19 +17,20 @@
 #include "sim/bubblemen.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 #include "world/level.h"
 
 #include <GL/gl.h>
-#include <ostream>
 
 // Until a level from the selection screen arms it the banner is idle and a
 // tutorial panel shows at full strength: the editor's test-play arms none.
 IntroBanner introBanner = {false, 0, 0, 0, false, 0, 1, 0};
 int32_t levelTick = 0;
 uint32_t levelReturnScreen = GameSelect;
-std::vector<PlayAction> playRecord;
+std::vector<ScriptAction> playRecord;
 bool recordingPlay = false;
 
 static const float BANNER_MIDDLE_Y = 218;
@@ -77,7 +76,7 @@ void stepIntroBanner()
 static void record(int32_t step, int32_t kind, int32_t tool = 0, int32_t x = 0, int32_t y = 0)
 {
     if (recordingPlay)
-        playRecord.push_back(PlayAction{step, kind, tool, x, y});
+        playRecord.push_back(ScriptAction{step, kind, tool, x, y, 0});
 }
 
 void gameTick()
@@ -103,9 +102,9 @@ void gameTick()
     // same press was taken as a click on the cell beneath: the script's
     // launch makes that click itself.
     if (launchClicked && recordingPlay) {
-        if (!playRecord.empty() && playRecord.back().kind == ActClick && playRecord.back().step == levelTick - 1)
+        if (!playRecord.empty() && playRecord.back().kind == ClickCellAction && playRecord.back().step == levelTick - 1)
             playRecord.pop_back();
-        record(levelTick - 1, ActLaunch);
+        record(levelTick - 1, LaunchAction);
     }
     tickLaunchPanelWith(launchClicked);
     updateBubblemen();
@@ -115,11 +114,6 @@ void gameTick()
     removeGoneRockets();
     launchRockets();
     tickCostLabels();
-}
-
-void gameUpdate()
-{
-    gameTick();
 }
 
 // ---------------------------------------------------------------------------
@@ -132,7 +126,7 @@ static void drawLabel(const Button &b, float dx, float dy, const char *text)
     const float shift = visualState(b) == 2 ? 1 : 0;
     resetDrawState();
     glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
-    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", text);
+    drawText(MediumFont, b.x + dx - shift, b.y + dy - shift, "%s", text);
 }
 
 static void drawToolbar()
@@ -154,7 +148,7 @@ static void drawToolbar()
             drawStructureIcon(b.x, b.y + 4, tool - 1, 1, 1, 1, 1);
         resetDrawState();
         glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
-        drawText(FontTextures[1], b.x - 16, b.y - 24, 256, 128, 12, 12, -2, "%d", toolCost(tool));
+        drawText(MediumFont, b.x - 16, b.y - 24, "%d", toolCost(tool));
     }
     drawButton(hatchPodsButton);
     drawLabel(hatchPodsButton, -52, -5, "Hatch Pods");
@@ -172,20 +166,18 @@ static void drawBanner()
              0.4f);
     resetDrawState();
     glColor4f(1, 1, 1, b.textAlpha);
-    drawTextCentred(FontTextures[0], 320, 210, 256, 128, 16, 16, -2, "%s", currentLevel.title.c_str());
+    drawTextCentred(LargeFont, 320, 210, "%s", currentLevel.title.c_str());
 }
 
 static void drawDisplay()
 {
-    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
-    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
-    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
-    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+    drawDisplayPanels();
+    drawDisplayIcons();
     resetDrawState();
     glColor4f(1, 1, 0, 1);
-    drawText(FontTextures[0], 34, 8, 256, 128, 16, 16, -2, "%d", mission.credits);
+    drawText(LargeFont, 34, 8, "%d", mission.credits);
     glColor4f(0, 1, 0, 1);
-    drawText(FontTextures[0], 217, 8, 256, 128, 16, 16, -2, "%d", mission.podsWithoutHatcher);
+    drawText(LargeFont, 217, 8, "%d", mission.podsWithoutHatcher);
 }
 
 // The clicks on the level, with the tool in hand, as the player's mouse
@@ -195,9 +187,9 @@ static void applyTool(bool drawing)
     edgeScroll();
     if (pointerInPlayBand(input.pointerY) && currentTool != NoTool) {
         if (input.leftPressed)
-            record(levelTick, ActClick, 0, currentLevel.cursorX, currentLevel.cursorY);
+            record(levelTick, ClickCellAction, 0, currentLevel.cursorX, currentLevel.cursorY);
         if (input.rightPressed)
-            record(levelTick, ActCancel);
+            record(levelTick, CancelAction);
     }
     applyToolClicks(input.leftPressed, input.rightPressed, input.pointerY);
     if (drawing)
@@ -219,11 +211,11 @@ void handleGameButtons()
         // flag; here, locked, it is never updated and must not be heard.
         if (toolIsLocked(tool) || !wasClicked(toolButtons[i]))
             continue;
-        record(levelTick, ActTool, tool);
+        record(levelTick, ChooseToolAction, tool);
         chooseTool(tool);
     }
     if (wasClicked(hatchPodsButton)) {
-        record(levelTick, ActHatch);
+        record(levelTick, HatchPodsAction);
         pressHatchPods();
     }
     if (wasClicked(gameMenuButton))
@@ -345,34 +337,11 @@ void runGameFrameWithoutDrawing()
     gameFrame(false);
 }
 
-void gameScreenFrame()
-{
-    drawGameScreen();
-}
-
 // ---------------------------------------------------------------------------
-// Leaving, and the record of play
+// Leaving
 
 void leaveLevel(uint32_t from)
 {
     startTransition(from, levelReturnScreen, StarfieldMenu);
     logLine("Exiting level...");
-}
-
-void writePlayRecord(std::ostream &out)
-{
-    int32_t last = 0;
-    for (const PlayAction &a : playRecord) {
-        const int32_t step = a.step > last ? a.step : last + 1;
-        last = step;
-        out << step << ' ';
-        switch (a.kind) {
-        case ActTool: out << "tool " << toolName(a.tool); break;
-        case ActClick: out << "click " << a.x << ' ' << a.y; break;
-        case ActCancel: out << "cancel"; break;
-        case ActHatch: out << "hatch"; break;
-        default: out << "launch"; break;
-        }
-        out << '\n';
-    }
 }

@@ -4,8 +4,8 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/gamescreen.h"
+#include "game/panels.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "render/draw.h"
@@ -14,13 +14,6 @@
 #include "world/passwords.h"
 
 #include <GL/gl.h>
-
-static void reloadFromSelection()
-{
-    loadLevelAt(missionList.currentPath);
-}
-
-void (*reloadLevelForRetry)() = reloadFromSelection;
 
 static void dimLevel()
 {
@@ -34,7 +27,7 @@ static void drawPanelButton(const Button &b, float dx, float dy, const char *lab
     const float shift = visualState(b) == 2 ? 1 : 0;
     resetDrawState();
     glColor4f(0.9f, 0.9f, 0.9f, 1);
-    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", label);
+    drawText(MediumFont, b.x + dx - shift, b.y + dy - shift, "%s", label);
 }
 
 static void drawPointer()

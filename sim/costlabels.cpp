@@ -1,22 +1,7 @@
 #include "sim/costlabels.h"
 
-#include "render/text.h"
-#include "render/textures.h"
-#include "sim/view.h"
-
-#include <GL/gl.h>
 
 std::list<CostLabel> costLabels;
-
-// One table for the toolbar, the rules and the labels, by ToolId.
-static const int32_t toolCosts[11] = {0, 100, 150, 150, 500, 300, 400, 400, 250, 200, 400};
-
-int32_t toolCost(int32_t tool)
-{
-    if (tool < 0 || tool > 10)
-        return 0;
-    return toolCosts[tool];
-}
 
 void spawnCostLabel(float x, float y, int32_t kind)
 {
@@ -41,16 +26,4 @@ void tickCostLabels()
 void clearCostLabels()
 {
     costLabels.clear();
-}
-
-void drawCostLabels()
-{
-    for (const CostLabel &label : costLabels) {
-        glColor4f(1, 1, 0.5f, label.alpha);
-        const float sx = screenX(label.x), sy = screenY(label.y);
-        if (label.kind == CreditsLabelKind)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "+%d", CREDITS_PICKUP_VALUE);
-        else if (toolCost(label.kind) > 0)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "-%d", toolCost(label.kind));
-    }
 }

@@ -26,6 +26,7 @@
 #include "sim/bubblemen.h"
 #include "sim/cells.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
 #include "sim/rockets.h"
 #include "world/level.h"
 
@@ -279,12 +280,10 @@ void drawView(bool full)
     drawBubblemen();
 }
 
-void drawDisplayPanels()
+static void drawDisplay()
 {
-    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
-    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
-    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
-    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+    drawDisplayPanels();
+    drawDisplayIcons();
 }
 
 bool loadLevel(const ShotOptions &o, Level &level, std::string *error)
@@ -350,7 +349,7 @@ int main(int argc, char **argv)
     camX = o.camGiven ? o.camX : sample ? 0.0f : 200.0f;
     camY = o.camGiven ? o.camY : sample ? -600.0f : -550.0f;
     for (int i = 0; i < o.ticks; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     pulseB = o.glow;
     srand(7);
     prefillGameStars();
@@ -359,7 +358,7 @@ int main(int argc, char **argv)
     beginFrame2D();
     drawView(o.full);
     if (o.hud)
-        drawDisplayPanels();
+        drawDisplay();
     endFrame2D();
     glFinish();
 
