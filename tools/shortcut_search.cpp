@@ -18,10 +18,12 @@
 // then the best script. --fail-above makes it exit 1 when the best beats the
 // shipped solution by more than that many credits.
 #include "game/driver.h"
-#include "game/gametick.h"
+#include "game/launchpanel.h"
 #include "game/mission.h"
+#include "game/solution.h"
+#include "game/toolbar.h"
 #include "sim/bubblemen.h"
-#include "sim/rockets.h"
+#include "sim/toolinfo.h"
 #include "world/level.h"
 
 #include <allegro.h>
@@ -74,7 +76,6 @@ std::set<std::pair<int32_t, int32_t>> pathCells;
 std::vector<int32_t> offeredTools;
 long runCount = 0;
 
-const int32_t TOOL_COSTS[] = {0, 100, 150, 150, 500, 300, 400, 400, 250, 200, 400};
 // How long the bubblemen may all stand still, with nothing left for the
 // player to do, before the run is given up as stuck.
 const int32_t STILL_STEPS = 160;
@@ -161,17 +162,10 @@ Outcome play(const Plan &plan, std::set<std::pair<int32_t, int32_t>> *paths = nu
 // button is on the screen.
 std::string scriptOf(const Plan &plan, const Outcome &o)
 {
-    std::ostringstream out;
-    for (const ScriptAction &a : actionsOf(plan)) {
-        if (a.step > o.boardedAt)
-            break;
-        if (a.kind == HatchPodsAction)
-            out << a.step << " hatch\n";
-        else if (a.kind == ChooseToolAction)
-            out << a.step << " tool " << toolName(a.tool) << "\n";
-        else
-            out << a.step << " click " << a.x << " " << a.y << "\n";
-    }
+    std::vector<ScriptAction> written;
+    for (const ScriptAction &a : actionsOf(plan))
+        if (a.step <= o.boardedAt)
+            written.push_back(a);
     // the panel starts in on the tick after the last boarding and its button
     // is reachable 14 ticks later; find the step the way the game does
     int32_t launch = o.boardedAt + 2;
@@ -190,7 +184,10 @@ std::string scriptOf(const Plan &plan, const Outcome &o)
             break;
         }
     }
-    out << o.boardedAt + 1 << " cancel\n" << launch << " launch\n";
+    written.push_back(ScriptAction{o.boardedAt + 1, CancelAction, 0, 0, 0, 0});
+    written.push_back(ScriptAction{launch, LaunchAction, 0, 0, 0, 0});
+    std::ostringstream out;
+    writeSolution(written, out);
     return out.str();
 }
 
@@ -299,7 +296,7 @@ struct Search {
                 if ((better = offer(p)))
                     break;
                 for (int32_t t : offeredTools) {
-                    if (t == base[i].tool || TOOL_COSTS[t] > TOOL_COSTS[base[i].tool] || !timeLeft())
+                    if (t == base[i].tool || toolCost(t) > toolCost(base[i].tool) || !timeLeft())
                         continue;
                     p = base;
                     p[i].tool = t;
