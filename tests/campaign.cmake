@@ -60,8 +60,3 @@ add_test(NAME campaign_table_current
           --check ${CMAKE_SOURCE_DIR}/levels/CAMPAIGN.md)
 set_tests_properties(campaign_table_current PROPERTIES
   ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 900 LABELS campaign)
-
-# The tutorial missions are read from the datafile too.
-if(TARGET test_tutorial_missions AND TARGET datafile)
-  add_dependencies(test_tutorial_missions datafile)
-endif()

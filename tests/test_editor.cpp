@@ -20,6 +20,7 @@
 #include "world/catalogue.h"
 #include "world/level.h"
 #include "world/level_writer.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -120,7 +121,8 @@ static int countPods()
 }
 
 struct Editor : ::testing::Test {
-    std::string root;
+    ScratchFolder scratch{"delvemoor-editor"};
+    const std::string root = scratch.path;
 
     void SetUp() override
     {
@@ -128,8 +130,6 @@ struct Editor : ::testing::Test {
         if (!allegroStarted)
             allegroStarted = install_allegro(SYSTEM_NONE, &errno, atexit) == 0;
         buildCampaignLevelNames();
-        char pattern[] = "/tmp/delvemoor-editor-XXXXXX";
-        root = mkdtemp(pattern);
         snprintf(DataRoot, sizeof DataRoot, "%s", root.c_str());
         // The campaign lives in the built game's datafile.
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
@@ -157,9 +157,7 @@ struct Editor : ::testing::Test {
 
     void TearDown() override
     {
-        chmod((root + "/custom").c_str(), 0755);
-        std::error_code ignored;
-        fs::remove_all(root, ignored);
+        chmod((root + "/custom").c_str(), 0755);  // so that it can be removed
     }
 
     std::string folder() const { return root + "/custom"; }

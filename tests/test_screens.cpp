@@ -7,6 +7,7 @@
 #include "audio/audio.h"
 #include "frontend/screens.h"
 #include "world/catalogue.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 
@@ -293,15 +294,12 @@ TEST(Startup, GameDirectoryAndSoftwareRenderers)
 
 TEST(Launch, StartsProgramsByArgvSoQuotesAndSpacesAreSafe)
 {
-    char dir[] = "/tmp/delvemoor launch 'quoted' XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    std::string marker = std::string(dir) + "/ran";
+    ScratchFolder dir("delvemoor launch 'quoted'");
+    const std::string marker = dir / "ran";
     // touch receives the marker's path as one argument, spaces and quotes included.
     std::string commandLine = "touch \"" + marker + "\"";
     EXPECT_EQ(launchProcess("/usr/bin/touch", commandLine.c_str(), 5), 0);
     EXPECT_EQ(access(marker.c_str(), F_OK), 0);
     EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
     EXPECT_EQ(launchProcess("/usr/bin/touch", nullptr, 0), 1);
-    unlink(marker.c_str());
-    rmdir(dir);
 }

@@ -1,6 +1,6 @@
 // The placement rules, costs and refusals of every tool, the message the
 // player reads when several refusals apply, and the toolbar's own rules.
-#include "sim_levels.h"
+#include "support/sim_levels.h"
 
 #include "audio/audio.h"
 #include "game/gametick.h"
@@ -64,7 +64,7 @@ TEST(SimTools, StandingStructuresNeedFreeCellsFootingAndCredits)
     //           x: 0123456789AB
     loadLevel({"B..........B",
                "B#~#...P..$B",      // row 8: water, a pod, credits
-               "B###.R#D#.^B",      // row 9: a hole at 4, spikes under the credits
+               "B###.R#*#.^B",      // row 9: a hole at 4, spikes under the credits
                "BBBBBBBBBBBB"});
     expectRefusals({
         {Girder, 4, 8, StatusNeedsFooting},         // over the hole
@@ -166,7 +166,7 @@ TEST(SimTools, DynamiteBlastsTerrainAndStructuresButNotHatchersOrBlastProof)
 {
     //           x: 0123456789AB
     loadLevel({"B..........B",
-               "B#~#.#DP..rB",      // row 8: water, diamond, pod, rocket
+               "B#~#.#*P..TB",      // row 8: water, diamond, pod, rocket
                "B##########B",
                "BBBBBBBBBBBB"});
     expectBuilt(Hatcher, 7, 8, StatusHatcherBuilt);
@@ -229,7 +229,7 @@ TEST(SimTools, ClicksNeedAToolAndTheBandBetweenThePanels)
 TEST(SimTools, ToolbarHonoursLocksCreditsAndHatching)
 {
     //           x: 0123456789
-    loadLevel({"B........B", "B.P.P..r.B", "B########B", "BBBBBBBBBB"}, 1000,
+    loadLevel({"B........B", "B.P.P..T.B", "B########B", "BBBBBBBBBB"}, 1000,
               {1, 1, 1, 1, 1, 1, 1, 1, 1});
     // Every lock set: only the hatcher is offered.
     for (int32_t tool = Girder; tool <= Dynamite; tool++)
