@@ -33,7 +33,7 @@ void runMainLoop()
         samplePointer();
         sampleInput();
         runOwedTicks();
-        clearToBlack();
+        clearToBlackFor(currentScreen);
         renderScreen(currentScreen);
         presentFrame();
         framesThisSecond++;
@@ -82,7 +82,7 @@ int runGame()
     logSoundStartup();
 
     beginFrame2D();
-    runLoadScreen();
+    runLoadScreen(loadEverything);
     endFrame2D();
 
     beginFrame2D();

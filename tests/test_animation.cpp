@@ -79,7 +79,7 @@ TEST(Animation, EveryCycleStaysInsideItsTableAndSkipsStillFrames)
     };
     std::vector<std::vector<int>> shown(std::size(cycles));
     for (int tick = 0; tick < 150; tick++) {
-        advanceAnimationFrames();
+        advanceAnimationFrames(false);
         for (size_t i = 0; i < std::size(cycles); i++) {
             const TextureId id = *cycles[i].slot;
             ASSERT_EQ(tableOf(id), cycles[i].table) << i;
@@ -101,10 +101,10 @@ TEST(Animation, HatchedPodsSwitchTheHatcherToItsLitFramesInStep)
 {
     fakeTables();
     for (int i = 0; i < 7; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(StructureFrameTable[3], 1000u * Harvester + 7);
     mission.hatched = true;
-    advanceAnimationFrames();
+    advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(StructureFrameTable[3], 1000u * HarvesterOn + 8);
     mission.hatched = false;
 }
@@ -115,16 +115,16 @@ TEST(Animation, AnglesTurnEveryTick)
     tileRotationAngle = 0;
     backdropAngle = 0;
     for (int i = 0; i < 100; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(((tileRotationAngle % 360) + 360) % 360, 320) << "-400 degrees: clockwise";
     EXPECT_GT(tileRotationAngle, -360);
     EXPECT_NEAR(backdropAngle, 5.0f, 0.01f);
 
     backdropAngle = 359.97f;
-    advanceAnimationFrames();
+    advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(backdropAngle, 0.0f) << "reset once it reaches a full turn";
     for (int i = 0; i < 2000; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_GT(tileRotationAngle, -360);
     EXPECT_LE(tileRotationAngle, 0);
 }
