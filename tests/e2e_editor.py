@@ -18,6 +18,8 @@ import time
 
 from PIL import ImageGrab
 
+import e2e_screen
+
 GAME_DIR, WORK = sys.argv[1], sys.argv[2]
 SOURCE_DIR = os.environ.get("DELVEMOOR_SOURCE_DIR",
                             os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
@@ -77,6 +79,14 @@ def drag(points):
     time.sleep(0.5)
 
 
+def click_settle(x, y, most):
+    """A click, then a wait for the screen it leads to: for the picture to
+    change and hold still, at most as long as a fixed sleep would have been."""
+    before = e2e_screen.mean(origin)
+    click(x, y)
+    e2e_screen.settle(most, before)
+
+
 def key(name):
     xdo("keydown", name)
     time.sleep(0.3)
@@ -131,11 +141,9 @@ try:
     geometry = dict(line.split("=") for line in xdo("getwindowgeometry", "--shell", window).split("\n") if "=" in line)
     origin = (int(geometry.get("X", 0)), int(geometry.get("Y", 0)))
     if log_has("OpenGL Card: llvmpipe"):
-        click(320, 332)                         # "No Thanks" on the slow-driver warning
-        time.sleep(6)
+        click_settle(320, 332, 6)               # "No Thanks" on the slow-driver warning
 
-    click(320, 241)                             # "Editor"
-    time.sleep(4)
+    click_settle(320, 241, 4)                   # "Editor"
     colours = shot("1-editor")
     check("the editor opens on a level (%d colours)" % colours, colours > 100)
 
@@ -161,8 +169,7 @@ try:
     time.sleep(2)
     shot("4a-test-play")
     click(552, 463)                             # the game's "Menu": the pause panel
-    click(320, 340)                             # "Exit": back to the editor
-    time.sleep(3)
+    click_settle(320, 340, 3)                   # "Exit": back to the editor
     check("the test play was left for the editor", log_has("Exiting level..."))
     shot("4b-back-in-editor")
 
@@ -182,11 +189,11 @@ try:
         check("the painted ledge is ground", all(cells[x * height + 8] in (1, 2) for x in range(16, 21)))
     check("the editor logged the save", log_has("Saved level: "))
 
+    before = e2e_screen.mean(origin)
     key("Escape")                               # back to the main menu
-    time.sleep(3)
+    e2e_screen.settle(3, before)
     shot("6-main-menu")
-    click(320, 205)                             # "New Game"
-    time.sleep(4)
+    click_settle(320, 205, 4)                   # "New Game"
     click(190, 319)                             # "Custom Game"
     time.sleep(2)
     colours = shot("7-custom-list")
@@ -194,7 +201,7 @@ try:
     click(190, 372)                             # the start button
     check("the saved level is the one that loads",
           wait_for(lambda: log_has("Successfully loaded level: " + saved), 20))
-    time.sleep(4)
+    e2e_screen.settle(4, -1000)
     colours = shot("8-playing")
     check("the level plays (%d colours)" % colours, colours > 100)
 finally:

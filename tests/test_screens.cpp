@@ -250,31 +250,6 @@ TEST(Input, APressIsReportedInOneFrameOutsideTheEditorAndEveryFrameInIt)
     EXPECT_EQ(input.rightHeld, 1);
 }
 
-TEST(Pulses, BreatheBetweenZeroAndOneWithoutClamping)
-{
-    resetPulses();
-    advancePulses();
-    EXPECT_FLOAT_EQ(pulseA, 0.12f);
-    EXPECT_FLOAT_EQ(pulseB, 0.06f);
-    float low = 1, high = 0;
-    bool turnedDown = false;
-    float previous = pulseA;
-    for (int tick = 0; tick < 2000; tick++) {
-        advancePulses();
-        low = std::min(low, pulseA);
-        high = std::max(high, pulseA);
-        if (pulseA < previous)
-            turnedDown = true;
-        previous = pulseA;
-    }
-    EXPECT_TRUE(turnedDown);
-    EXPECT_GT(high, 1.0f) << "no clamping: the value overshoots a little before turning";
-    EXPECT_LT(high, 1.05f);
-    EXPECT_LT(low, 0.0f);
-    EXPECT_GT(low, -0.05f);
-    resetPulses();
-}
-
 TEST(Startup, GameDirectoryAndSoftwareRenderers)
 {
     setDataRootFromExecutable("/opt/games/Delvemoor/Delvemoor");
