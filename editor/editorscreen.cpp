@@ -19,6 +19,7 @@
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/text.h"
+#include "sim/toolinfo.h"
 
 #include <allegro.h>
 #include <GL/gl.h>
@@ -36,24 +37,6 @@ const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
     "Spikes", "Vortex", "Radiation", "Explosive", "Items", "Water",
 };
 const int WIDE_PALETTE = 10;
-
-// The nine lockable tools in the order of the level file, with their names on
-// the settings panel; the icon is the tool's own (slot ToolId - 1).
-struct LockRow {
-    int32_t tool;
-    const char *name;
-};
-const LockRow lockRows[LOCKABLE_TOOL_COUNT] = {
-    {Girder, "Girder"},
-    {LeftHangingGirder, "Left Hanging Girder"},
-    {RightHangingGirder, "Right Hanging Girder"},
-    {EnergyLift, "Energy Lift"},
-    {LeftLiftExit, "Left Lift Exit"},
-    {RightLiftExit, "Right Lift Exit"},
-    {Blocker, "Blocker"},
-    {Shovel, "Shovel"},
-    {Dynamite, "Dynamite"},
-};
 
 const char *const menuCaptions[5] = {"New Level", "Open Level", "Save Level", "Settings", "Main Menu"};
 
@@ -400,12 +383,12 @@ void settingsPanelFrame()
         Button &b = editorLeftColumnButtons[i];
         const bool locked = s.toolLocked[i] != 0;
         drawButton(b);
-        drawStructureIcon(b.x, b.y, lockRows[i].tool - 1, 1, 1, 1, locked ? 0.25f : 1.0f);
+        drawStructureIcon(b.x, b.y, toolOfLock(i) - 1, 1, 1, 1, locked ? 0.25f : 1.0f);
         if (locked) {
             drawRect(b.x - 12, b.y - 1, b.x + 12, b.y + 1, 1, 0.2f, 0.2f, 1);
         }
         setColour(locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, 1);
-        drawSmallText(b.x + 22, b.y + 1, lockRows[i].name);
+        drawSmallText(b.x + 22, b.y + 1, infoOf(toolOfLock(i)).caption);
         drawSmallText(b.x + 22, b.y - 9, locked ? "locked" : "offered");
     }
 

@@ -136,20 +136,19 @@ static void pointAtLaunchButton()
     pointerY = launchButton.y;
 }
 
-// One pass of the main loop: the input sampled, the level's tick when it is
-// owed, the frame.
+static void runLevelTick()
+{
+    runScreenLogic(currentScreen);
+}
+
+// One pass of the main loop, with the level's tick when it is owed.
 static void loopPass(bool tick)
 {
     int (*const realMouse)() = readMouseButtons;
     readMouseButtons = drivenMouseButtons;
     RawInput raw = {};
     raw.mouseButtons = mouseButtons;
-    sampleInputFrom(raw);
-    input.pointerX = pointerX;
-    input.pointerY = pointerY;
-    if (tick)
-        runScreenLogic(currentScreen);
-    runGameFrameWithoutDrawing();
+    runLoopPass(raw, pointerX, pointerY, tick ? runLevelTick : nullptr, runGameFrameWithoutDrawing);
     readMouseButtons = realMouse;
 }
 

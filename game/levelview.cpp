@@ -94,10 +94,9 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
     Level &level = currentLevel;
     const float ox = viewOriginX(), oy = viewOriginY();
 
-    countEditorPods(level);
+    levelViewUpkeep();
     drawLevelBackdrop(ox, oy);
     drawTutorialPanel(level, ox, oy);
-    normaliseTerrain(level);
 
     beginQuadBatch();
     queueTerrainCells(v, ox, oy);
