@@ -8,7 +8,7 @@ usage: e2e_screen.py mean
 `mean` prints the window's mean brightness (0 to 255). `settle` waits until
 the picture has changed from the brightness measured before a click (a fade
 or a new screen) and has then held still for a second and a half; it gives up after the
-most seconds, which is what a fixed sleep would have waited. The display is
+most seconds. The display is
 $DISPLAY; the window is the one named Delvemoor, or the whole screen.
 """
 import subprocess
