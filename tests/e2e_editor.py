@@ -58,11 +58,12 @@ def xdo(*args):
 
 def click(x, y, button=1):
     """A player's click at (x, y) of the 640 x 480 window (y down), held long
-    enough for the game, which samples the mouse once a frame, to see it."""
+    enough for the game, which samples the mouse once a frame, to see it even
+    when a loaded machine draws only a few frames a second."""
     xdo("mousemove", "--window", window, str(x), str(y))
     time.sleep(0.2)
     xdo("mousedown", str(button))
-    time.sleep(0.5)
+    time.sleep(0.8)
     xdo("mouseup", str(button))
     time.sleep(0.5)
 
@@ -79,17 +80,18 @@ def drag(points):
     time.sleep(0.5)
 
 
-def click_settle(x, y, most):
+def click_settle(x, y, most, still=True):
     """A click, then a wait for the screen it leads to: for the picture to
-    change and hold still, however slowly a loaded machine draws it."""
+    change and hold still (or only to change, for a level that never holds
+    still), however slowly a loaded machine draws it."""
     before = e2e_screen.mean(origin)
     click(x, y)
-    e2e_screen.settle(most, before)
+    e2e_screen.settle(most, before, still)
 
 
-def key(name):
+def key(name, held=0.3):
     xdo("keydown", name)
-    time.sleep(0.3)
+    time.sleep(held)
     xdo("keyup", name)
     time.sleep(0.3)
 
@@ -165,7 +167,7 @@ try:
     time.sleep(0.5)
     shot("4-painted")
 
-    click_settle(320, 463, 20)                  # "Test Play"
+    click_settle(320, 463, 20, still=False)     # "Test Play"
     shot("4a-test-play")
     click(552, 463)                             # the game's "Menu": the pause panel
     click_settle(320, 340, 20)                   # "Exit": back to the editor
@@ -173,9 +175,11 @@ try:
     shot("4b-back-in-editor")
 
     click(570, 463)                             # "Menu"
+    before = e2e_screen.mean(origin)
     click(320, 272)                             # "Save Level"
     saved = os.path.join(GAME, "custom", LEVEL_FILE)
     check("the level is saved as custom/" + LEVEL_FILE, wait_for(lambda: log_has("Saved level: "), 20))
+    e2e_screen.settle(20, before)               # the panel closes
     shot("5-saved")
     if os.path.isfile(saved):
         with open(saved) as f:
@@ -188,7 +192,7 @@ try:
     check("the saved file is where the log says", log_has("Saved level: " + saved))
 
     before = e2e_screen.mean(origin)
-    key("Escape")                               # back to the main menu
+    key("Escape", held=1.0)                     # back to the main menu
     e2e_screen.settle(20, before)
     shot("6-main-menu")
     click_settle(320, 205, 20)                   # "New Game"

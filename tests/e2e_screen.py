@@ -4,11 +4,13 @@ instead of sleeping for a fixed time.
 
 usage: e2e_screen.py mean
        e2e_screen.py settle <most seconds> <mean before the click>
+       e2e_screen.py changed <most seconds> <mean before the click>
 
 `mean` prints the window's mean brightness (0 to 255). `settle` waits until
 the picture has changed from the brightness measured before a click (a fade
 or a new screen) and has then held still for a second and a half; it gives up after the
-most seconds. The display is
+most seconds. `changed` waits only for the change and a second more, for
+screens that never hold still (a level, with its glowing cells). The display is
 $DISPLAY; the window is the one named Delvemoor, or the whole screen.
 """
 import subprocess
@@ -58,22 +60,27 @@ def mean(origin):
     return ImageStat.Stat(picture).mean[0] if picture else -1.0
 
 
-def settle(most, before):
+def settle(most, before, still=True):
     origin = window_origin()
     start = time.monotonic()
-    changed = False
-    still = []  # (time, brightness) since the picture last moved
+    changed = None  # when the picture first differed from before the click
+    steady = []  # (time, brightness) since the picture last moved
     while time.monotonic() - start < most:
         now = mean(origin)
         if now < 0:
             time.sleep(0.2)
             continue
-        changed = changed or abs(now - before) > 3
-        if changed:
-            if still and abs(now - still[0][1]) > 1.5:
-                still = []
-            still.append((time.monotonic(), now))
-            if now > 4 and still[-1][0] - still[0][0] >= 1.5 and len(still) >= 4:
+        # A fade's dark frames count as a change; a new screen must not be black.
+        if changed is None and abs(now - before) > 3 and (still or now > 4):
+            changed = time.monotonic()
+        if changed is not None and not still and time.monotonic() - changed >= 1.0:
+            print("  (the screen changed after %.1f s of at most %g)" % (changed - start, most))
+            return 0
+        if changed is not None and still:
+            if steady and abs(now - steady[0][1]) > 1.5:
+                steady = []
+            steady.append((time.monotonic(), now))
+            if now > 4 and steady[-1][0] - steady[0][0] >= 1.5 and len(steady) >= 4:
                 print("  (the screen settled after %.1f s of at most %g)" % (time.monotonic() - start, most))
                 return 0
         time.sleep(0.2)
@@ -85,8 +92,8 @@ def main():
     if len(sys.argv) == 2 and sys.argv[1] == "mean":
         print("%.2f" % mean(window_origin()))
         return 0
-    if len(sys.argv) == 4 and sys.argv[1] == "settle":
-        return settle(float(sys.argv[2]), float(sys.argv[3]))
+    if len(sys.argv) == 4 and sys.argv[1] in ("settle", "changed"):
+        return settle(float(sys.argv[2]), float(sys.argv[3]), sys.argv[1] == "settle")
     sys.exit(__doc__)
 
 
