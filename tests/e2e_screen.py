@@ -71,7 +71,10 @@ def settle(most, before, still=True):
             time.sleep(0.2)
             continue
         # A fade's dark frames count as a change; a new screen must not be black.
-        if changed is None and abs(now - before) > 3 and (still or now > 4):
+        # A screen as bright as the last one may show no change at all: after
+        # a few seconds it only has to hold still.
+        if changed is None and (abs(now - before) > 3 and (still or now > 4) or
+                                (still and time.monotonic() - start > 4)):
             changed = time.monotonic()
         if changed is not None and not still and time.monotonic() - changed >= 1.0:
             print("  (the screen changed after %.1f s of at most %g)" % (changed - start, most))
