@@ -10,7 +10,7 @@
 #include "frontend/layout.h"
 #include "game/camera.h"
 #include "game/gamescreen.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "sim/bubblemen.h"

@@ -12,16 +12,13 @@
 #include "sim/toolinfo.h"
 #include "world/level.h"
 
-static const int REFUSAL_SOUND = 12;
-static const int BUILD_SOUND = 1;
-static const int DIG_SOUND = 26;
 static const float PLAY_BAND_BOTTOM = 40;
 static const float PLAY_BAND_TOP = 480 - 128;
 
 static void refuse(const char *message)
 {
     setStatus(message);
-    SoundRequest = REFUSAL_SOUND;
+    SoundRequest = RefusalSound;
 }
 
 static void charge(int32_t tool, int x, int y)
@@ -79,7 +76,7 @@ static void buildStructure(const ToolInfo &t, int x, int y, const CellFit &f)
     if (mission.credits >= t.cost && fits(f)) {
         setStructure(x, y, t.id);
         charge(t.id, x, y);
-        SoundRequest = BUILD_SOUND;
+        SoundRequest = BuildSound;
         setStatus(t.doneMessage);
     }
     if (!f.held)
@@ -94,7 +91,7 @@ static void buildHatcher(const ToolInfo &t, int x, int y, const CellFit &f)
         refuse(StatusNotEnoughCredits);
     if (mission.credits >= t.cost && fits(f)) {
         setStatus(t.doneMessage);
-        SoundRequest = BUILD_SOUND;
+        SoundRequest = BuildSound;
         setStructure(x, y, Hatcher);
         setTerrain(x, y, Empty);
         mission.credits -= t.cost;
@@ -114,7 +111,7 @@ static void clearCell(const ToolInfo &t, int x, int y, const CellFit &f)
     if (mission.credits >= t.cost && fits(f)) {
         setStatus(t.doneMessage);
         if (t.rule == DigRule) {
-            SoundRequest = DIG_SOUND;
+            SoundRequest = DigSound;
             setTerrain(x, y, Empty);
         } else {
             detonateRadioactive(x, y);

@@ -1,18 +1,13 @@
-#include "game/gametick.h"
+// The toolbar's rules: which tool a click may take up, what "Hatch Pods"
+// does, and what a frame puts down again afterwards.
+#include "game/toolbar.h"
 
 #include "audio/audio.h"
 #include "game/mission.h"
 #include "game/status.h"
-#include "sim/bubblemen.h"
-#include "sim/costlabels.h"
-#include "sim/explosions.h"
 #include "sim/pods.h"
-#include "sim/rockets.h"
 #include "sim/toolinfo.h"
-#include "sim/tools.h"
 #include "world/level.h"
-
-static const int HATCH_SOUND = 25;
 
 bool toolIsLocked(int32_t tool)
 {
@@ -58,7 +53,7 @@ void pressHatchPods()
         hatchPods();
         mission.hatched = true;
         setStatus(StatusHatchingPods);
-        SoundRequest = HATCH_SOUND;
+        SoundRequest = HatchSound;
     }
 }
 
