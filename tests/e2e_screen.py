@@ -55,18 +55,22 @@ def grab(origin):
     return image.convert("L").crop((x, y, x + 640, y + 480))
 
 
-def mean(origin):
+def mean(origin, box=None):
+    """The mean brightness of the window, or of a box (left, top, right,
+    bottom) of it."""
     picture = grab(origin)
+    if picture and box:
+        picture = picture.crop(box)
     return ImageStat.Stat(picture).mean[0] if picture else -1.0
 
 
-def settle(most, before, still=True):
+def settle(most, before, still=True, box=None):
     origin = window_origin()
     start = time.monotonic()
     changed = None  # when the picture first differed from before the click
     steady = []  # (time, brightness) since the picture last moved
     while time.monotonic() - start < most:
-        now = mean(origin)
+        now = mean(origin, box)
         if now < 0:
             time.sleep(0.2)
             continue
