@@ -3,7 +3,9 @@
 #include "app/startup.h"
 #include "app/config.h"
 #include "app/log.h"
+#include "app/paths.h"
 #include "app/screens.h"
+#include "app/window_icon.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
 #include "frontend/widgets.h"
@@ -38,6 +40,7 @@ static void installOrDie(bool failed, const char *logText, const char *fatalText
 
 void startLibraries()
 {
+    nameGameWindow();
     if (allegro_init() != 0) {
         // No log and no message box can exist yet (under Linux this is what
         // happens without an X display), so the terminal is told why.
@@ -53,6 +56,7 @@ void startLibraries()
     setDataRootFromExecutable(executable);
 
     openLog();
+    preparePlayerFiles();
 
     set_window_title("Delvemoor");
     logLine("Window title set");
@@ -218,6 +222,7 @@ void setVideoMode()
     logLine("Setting up polygon mode...");
     setDrawingState();
     glClearColor(0, 0, 0, 0);
+    setGameWindowIcon();
     logLine("Graphical/Video Mode setup completed!");
 }
 

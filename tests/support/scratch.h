@@ -16,9 +16,11 @@
 struct ScratchFolder {
     std::string path;
 
-    explicit ScratchFolder(const std::string &name = "delvemoor")
+    // In `base` when given, else in the system's temporary folder.
+    explicit ScratchFolder(const std::string &name = "delvemoor", const std::string &base = "")
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / (name + "-XXXXXX")).string();
+        const std::filesystem::path in = base.empty() ? std::filesystem::temp_directory_path() : base;
+        std::string pattern = (in / (name + "-XXXXXX")).string();
         if (mkdtemp(pattern.data()))
             path = pattern;
         EXPECT_FALSE(path.empty()) << "no scratch folder " << pattern;
