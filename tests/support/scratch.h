@@ -19,7 +19,7 @@ struct ScratchFolder {
     // In `base` when given, else in the system's temporary folder.
     explicit ScratchFolder(const std::string &name = "delvemoor", const std::string &base = "")
     {
-        const std::filesystem::path in = base.empty() ? std::filesystem::temp_directory_path() : base;
+        const std::filesystem::path in = base.empty() ? std::filesystem::temp_directory_path() : std::filesystem::path(base);
         std::string pattern = (in / (name + "-XXXXXX")).string();
         if (mkdtemp(pattern.data()))
             path = pattern;
