@@ -16,8 +16,11 @@
 #include <unordered_map>
 #include <vector>
 
+static void forgetTextureFacts();
+
 void setDrawingState()
 {
+    forgetTextureFacts();
     glAlphaFunc(GL_GREATER, 0.01f);
     glEnable(GL_TEXTURE_2D);
     glEnable(GL_BLEND);
@@ -97,8 +100,9 @@ void clearToBlack()
 }
 
 // What a texture's texels are made of, read once from the texture itself;
-// textures are never deleted or refilled, so what was read stays true for the
-// whole run.
+// textures are never deleted or refilled, so what was read stays true while
+// their context lives. A new context hands out the same names for other
+// pictures, so setting up its drawing state forgets them.
 //
 // Many pictures are mostly see-through (the menu's console stands on a
 // 512 x 512 sheet, panels have round corners), and a software renderer
@@ -221,6 +225,13 @@ struct Blending {
 };
 static const Blending FullBlending = {true, true};
 static Blending blendingNow = FullBlending;
+
+// setDrawingState switches both on in a new context.
+static void forgetTextureFacts()
+{
+    textureFacts.clear();
+    blendingNow = FullBlending;
+}
 
 static void setBlending(Blending wanted)
 {

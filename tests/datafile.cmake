@@ -1,4 +1,8 @@
-# The datafile test reads the DATA/DATA.DAT the build makes.
-if(TARGET test_datafile AND TARGET datafile)
-  add_dependencies(test_datafile datafile)
+# The tests that read the DATA/DATA.DAT the build makes.
+if(TARGET datafile)
+  foreach(name test_datafile test_tutorial_missions test_frontend_flows test_game_screen)
+    if(TARGET ${name})
+      add_dependencies(${name} datafile)
+    endif()
+  endforeach()
 endif()

@@ -121,6 +121,20 @@ print(len(img.getcolors(1 << 20) or []))
 PYEOF
 }
 
+# Waits on what the window shows rather than for a fixed time (a loaded
+# software renderer may draw only a few frames a second): after a click, for
+# the picture to change from what it was and then hold still; or just for it
+# to hold still. The limits are generous: a wait ends as soon as the screen
+# has settled, and a loaded machine may take long to get there.
+SCREEN_TOOL="$PY $(cd "$(dirname "$0")" && pwd)/e2e_screen.py"
+screen_mean() { $SCREEN_TOOL mean; }
+settle() {  # settle <most seconds> <mean before the click>
+    $SCREEN_TOOL settle "$1" "$2"
+}
+hold_still() {  # hold_still <most seconds>
+    $SCREEN_TOOL settle "$1" -1000
+}
+
 # ---------------------------------------------------------------------------
 # The X server
 exec 3>"$WORK/display"
@@ -139,7 +153,7 @@ export XMESSAGE_LOG=$WORK/normal-xmessage.log
 (cd "$G" && exec ./Delvemoor > "$WORK/normal.out" 2>&1) &
 GAME=$!
 check "reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-sleep 3
+hold_still 3
 colours=$(screenshot "$WORK/first-screen.png")
 check "the first screen is not blank ($colours colours)" test "$colours" -gt 8
 if grep -qF "OpenGL Card: llvmpipe" "$G/gamelog.txt"; then
@@ -149,10 +163,11 @@ if grep -qF "OpenGL Card: llvmpipe" "$G/gamelog.txt"; then
     WID=$(head -n 1 "$WORK/window-id")
     if [ -n "$WID" ]; then
         # A player's click lasts a while; the game samples the button once a frame.
+        before=$(screen_mean)
         xdotool mousemove --window "$WID" 320 332 mousedown 1
         sleep 0.5
         xdotool mouseup 1
-        sleep 6
+        settle 20 "$before"
         colours=$(screenshot "$WORK/after-no-thanks.png")
         check "after No Thanks the screen is not blank ($colours colours)" test "$colours" -gt 8
     fi
@@ -258,13 +273,13 @@ launch suspend
 check "suspend: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
 sleep 2
 # The slow-driver warning holds still; the menu's stars move.
+before=$(screen_mean)
 [ "$SOFTWARE" = 1 ] && click_at 320 332
-sleep 6
+settle 20 "$before"
 kill -STOP "$GAME"
 sleep 6
 kill -CONT "$GAME"
-sleep 1
-check "suspend: the pause's ticks are skipped, not played" grep -qF "Skipped" "$G/gamelog.txt"
+check "suspend: the pause's ticks are skipped, not played" wait_for_line "$G/gamelog.txt" "Skipped" 30
 screenshot "$WORK/suspend-1.png" > /dev/null
 sleep 0.3
 screenshot "$WORK/suspend-2.png" > /dev/null
@@ -302,10 +317,12 @@ rm -f "$XDG_OPEN_LOG" "$XDG_OPEN_LOG.fds"
 launch manual
 check "manual: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
 sleep 2
+before=$(screen_mean)
 [ "$SOFTWARE" = 1 ] && click_at 320 332
-sleep 6
+settle 20 "$before"
+before=$(screen_mean)
 click_at 320 277   # Help
-sleep 3
+settle 20 "$before"
 click_at 320 296   # View Manual
 wait_for_exit "$GAME" 60
 check "manual: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
@@ -353,24 +370,28 @@ lines_in() {  # lines_in <file> <text>: how many lines hold the text
 hold_click() {  # hold_click <x> <y>
     click_at "$1" "$2" 1 && sleep 0.5
 }
+click_settle() {  # click_settle <x> <y> <most seconds>: a held click, then the screen it leads to
+    local before
+    before=$(screen_mean)
+    hold_click "$1" "$2"
+    settle "$3" "$before"
+}
 to_main_menu() {  # from the start of a run to the main menu
     check "$1: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
     sleep 2
-    [ "$SOFTWARE" = 1 ] && hold_click 320 332   # No Thanks
-    sleep 6
+    [ "$SOFTWARE" = 1 ] && click_settle 320 332 20   # No Thanks
 }
 fresh_copy "$WORK/campaign"
 rm -f "$XDG_OPEN_LOG"
 launch campaign
 to_main_menu campaign
 screenshot "$WORK/campaign-1-main-menu.png" > /dev/null
-hold_click 320 205                               # New Game
-sleep 4
+click_settle 320 205 20                           # New Game
 check "campaign: the selection screen reads the levels afresh" test "$(lines_in "$G/gamelog.txt" "Loading levels...")" = 2
 screenshot "$WORK/campaign-2-selection.png" > /dev/null
 hold_click 190 372                               # start: planet 1, its first mission
 check "campaign: mission 1 loads" wait_for_line "$G/gamelog.txt" "LEVELS/P1M01_LEV" 30
-sleep 3
+hold_still 3
 # Its winning run with the mouse. The view opens on the level's top left, so
 # cell (x, y) lies under window point (32x + 16, 32y - 86).
 hold_click 225 48                                # the hatcher
@@ -387,23 +408,21 @@ for attempt in 1 2 3 4; do
 done
 sleep 6                                        # the rocket leaves the level
 screenshot "$WORK/campaign-4-mission-complete.png" > /dev/null
+before=$(screen_mean)
 hold_click 320 348                               # Continue
 check "campaign: the level is left for the selection screen" wait_for_line "$G/gamelog.txt" "Exiting level..." 30
-sleep 4
+settle 20 "$before"
 screenshot "$WORK/campaign-5-mission-2-unlocked.png" > /dev/null
 hold_click 230 216                               # the next mission
 sleep 1
 hold_click 190 372                               # start
 check "campaign: the win opened mission 2, which starts" wait_for_line "$G/gamelog.txt" "LEVELS/P1M02_LEV" 30
-sleep 3
+hold_still 3
 press_key Escape
 sleep 1
-hold_click 320 340                               # Exit on the pause panel
-sleep 4
-hold_click 190 425                               # Return To Menu
-sleep 3
-hold_click 320 421                               # Exit Game
-sleep 5
+click_settle 320 340 20                           # Exit on the pause panel
+click_settle 190 425 20                           # Return To Menu
+click_settle 320 421 20                           # Exit Game
 screenshot "$WORK/campaign-6-exit-screen.png" > /dev/null
 hold_click 160 462                               # Visit about.html
 wait_for_exit "$GAME" 60
@@ -416,8 +435,7 @@ fresh_copy "$WORK/exitgame"
 rm -f "$XDG_OPEN_LOG"
 launch exitgame
 to_main_menu exitgame
-hold_click 320 421                               # Exit Game
-sleep 5
+click_settle 320 421 20                           # Exit Game
 hold_click 480 462                               # the exit screen's Exit Game
 wait_for_exit "$GAME" 60
 check "exitgame: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0

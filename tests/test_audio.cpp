@@ -5,6 +5,7 @@
 #include "app/log.h"
 #include "app/startup.h"
 #include "audio/audio.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 
@@ -281,14 +282,6 @@ static void throwingFatal(const char *message)
     throw std::runtime_error(message);
 }
 
-static std::string readFile(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 TEST(Audio, LoadsMusicThenSoundsByNestedPathAndStopsOnAMissingOne)
 {
     freshAudio(10, 10);
@@ -300,7 +293,8 @@ TEST(Audio, LoadsMusicThenSoundsByNestedPathAndStopsOnAMissingOne)
     EXPECT_EQ(loadedPaths[0], "/games/delvemoor/DATA/DATA.DAT#MUSIC/MUSIC00_WAV");
     EXPECT_EQ(loadedPaths[29], "/games/delvemoor/DATA/DATA.DAT#SOUND/SOUND26_WAV");
 
-    std::string logPath = ::testing::TempDir() + "audio_log_" + std::to_string(getpid()) + ".txt";
+    ScratchFolder dir("delvemoor-audio");
+    const std::string logPath = dir / "gamelog.txt";
     openLogAt(logPath.c_str());
     setFatalHook(throwingFatal);
     struct Case {
@@ -325,6 +319,5 @@ TEST(Audio, LoadsMusicThenSoundsByNestedPathAndStopsOnAMissingOne)
     }
     setFatalHook(nullptr);
     closeLog();
-    remove(logPath.c_str());
     failAtLoad = -1;
 }

@@ -3,6 +3,7 @@
 
 #include "app/config.h"
 #include "app/log.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 
@@ -10,32 +11,16 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-static std::string tempDir()
+// The configuration file's place in a scratch folder, written with `text`.
+static std::string writeConfig(const ScratchFolder &dir, const std::string &text)
 {
-    char pattern[] = "/tmp/delvemoor-config-XXXXXX";
-    return mkdtemp(pattern);
-}
-
-static std::string writeFile(const std::string &dir, const std::string &text)
-{
-    std::string path = dir + "/gameconfig.cfg";
-    std::ofstream(path, std::ios::binary) << text;
-    return path;
-}
-
-static std::string readFile(const std::string &path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
+    writeFile(dir / "gameconfig.cfg", text);
+    return dir / "gameconfig.cfg";
 }
 
 static std::string configWith(int line, const std::string &text)
@@ -84,12 +69,13 @@ TEST(Config, ConvertToDoubleReadsTheLeadingNumberOrThrows)
 
 TEST(Config, ReadsEachSettingFromItsLineAndColumn)
 {
-    std::string dir = tempDir(), error;
+    ScratchFolder dir("delvemoor-config");
+    std::string error;
     settings = {};
     std::string text = configWith(5, "SCREENMODE = FULLSCREEN");
     text = text.substr(0, text.find("COLORDEPTH = 32")) + "COLORDEPTH = 16" +
            text.substr(text.find("COLORDEPTH = 32") + 15);
-    ASSERT_TRUE(readConfigFrom(writeFile(dir, text).c_str(), &error)) << error;
+    ASSERT_TRUE(readConfigFrom(writeConfig(dir, text).c_str(), &error)) << error;
     EXPECT_EQ(settings.fullscreen, 1);
     EXPECT_EQ(settings.colorDepth32, 0);
     EXPECT_EQ(settings.scrollSpeed, 6);
@@ -100,11 +86,11 @@ TEST(Config, ReadsEachSettingFromItsLineAndColumn)
     // Only the column counts: another key, a fraction, text after the number,
     // CR LF line ends and lines after the end marker are all accepted.
     text = configWith(9, "ANYTHING_ELSE 7.9") + "\nextra line\n";
-    ASSERT_TRUE(readConfigFrom(writeFile(dir, text).c_str(), &error)) << error;
+    ASSERT_TRUE(readConfigFrom(writeConfig(dir, text).c_str(), &error)) << error;
     EXPECT_EQ(settings.scrollSpeed, 7);
-    ASSERT_TRUE(readConfigFrom(writeFile(dir, configWith(13, "SOUND VOLUME =  12apples")).c_str(), &error));
+    ASSERT_TRUE(readConfigFrom(writeConfig(dir, configWith(13, "SOUND VOLUME =  12apples")).c_str(), &error));
     EXPECT_EQ(settings.soundVolume, 12);
-    ASSERT_TRUE(readConfigFrom(writeFile(dir, configWith(9, "SCROLLSPEED = 12E+")).c_str(), &error)) << error;
+    ASSERT_TRUE(readConfigFrom(writeConfig(dir, configWith(9, "SCROLLSPEED = 12E+")).c_str(), &error)) << error;
     EXPECT_EQ(settings.scrollSpeed, 12);
     std::string crlf;
     for (char c : configWith(14, "MUSIC VOLUME = -4")) {
@@ -112,14 +98,15 @@ TEST(Config, ReadsEachSettingFromItsLineAndColumn)
             crlf += '\r';
         crlf += c;
     }
-    ASSERT_TRUE(readConfigFrom(writeFile(dir, crlf).c_str(), &error)) << error;
+    ASSERT_TRUE(readConfigFrom(writeConfig(dir, crlf).c_str(), &error)) << error;
     EXPECT_EQ(settings.musicVolume, -4);
     EXPECT_EQ(settings.fullscreen, 0);
 }
 
 TEST(Config, EveryDamageStopsWithTheGamesOwnMessage)
 {
-    std::string dir = tempDir(), error;
+    ScratchFolder dir("delvemoor-config");
+    std::string error;
     const std::string corrupted = "Config file corrupted. Please reinstall.";
     struct Case {
         int line;
@@ -132,7 +119,7 @@ TEST(Config, EveryDamageStopsWithTheGamesOwnMessage)
     GameSettings before = {1, 1, 3, 2, 4, 5};
     for (const Case &c : cases) {
         settings = before;
-        EXPECT_FALSE(readConfigFrom(writeFile(dir, configWith(c.line, c.text)).c_str(), &error))
+        EXPECT_FALSE(readConfigFrom(writeConfig(dir, configWith(c.line, c.text)).c_str(), &error))
             << "line " << c.line << ": " << c.text;
         EXPECT_EQ(error, corrupted);
         EXPECT_EQ(settings.scrollSpeed, 3) << "a damaged file must not change the settings half-way";
@@ -140,16 +127,17 @@ TEST(Config, EveryDamageStopsWithTheGamesOwnMessage)
     // A file cut short after line 6.
     std::string cut = configWith(0, "");
     cut = cut.substr(0, cut.find(":: GAME\n"));
-    EXPECT_FALSE(readConfigFrom(writeFile(dir, cut).c_str(), &error));
+    EXPECT_FALSE(readConfigFrom(writeConfig(dir, cut).c_str(), &error));
     EXPECT_EQ(error, corrupted);
-    EXPECT_FALSE(readConfigFrom((dir + "/missing.cfg").c_str(), &error));
+    EXPECT_FALSE(readConfigFrom((dir / "missing.cfg").c_str(), &error));
     EXPECT_EQ(error, "Cannot load gameconfig.cfg!");
 }
 
 TEST(Config, WriteIsTheSixteenLineLayoutAndReadsBack)
 {
-    std::string dir = tempDir(), error;
-    std::string path = dir + "/gameconfig.cfg";
+    ScratchFolder dir("delvemoor-config");
+    std::string error;
+    std::string path = dir / "gameconfig.cfg";
     settings = {1, 0, -7, 42, 1, 10};
     ASSERT_TRUE(writeConfigTo(path.c_str()));
     std::string text = readFile(path);
@@ -165,22 +153,22 @@ TEST(Config, WriteIsTheSixteenLineLayoutAndReadsBack)
     EXPECT_EQ(settings.soundVolume, 1);
     EXPECT_EQ(settings.musicVolume, 10);
     int files = 0;
-    for (const auto &entry : std::filesystem::directory_iterator(dir))
+    for (const auto &entry : std::filesystem::directory_iterator(dir.path))
         files += entry.path() != path;
     EXPECT_EQ(files, 0) << "no temporary file left behind";
 }
 
 TEST(Config, AFailedWriteKeepsThePreviousFile)
 {
-    std::string dir = tempDir();
-    std::string path = writeFile(dir, configWith(9, "SCROLLSPEED = 3"));
+    ScratchFolder dir("delvemoor-config");
+    std::string path = writeConfig(dir, configWith(9, "SCROLLSPEED = 3"));
     std::string before = readFile(path);
     // The temporary file cannot be created in a directory the game may not write.
     if (getuid() != 0) {
-        chmod(dir.c_str(), 0555);
+        chmod(dir.path.c_str(), 0555);
         settings = {1, 1, 9, 9, 9, 9};
         EXPECT_FALSE(writeConfigTo(path.c_str()));
-        chmod(dir.c_str(), 0755);
+        chmod(dir.path.c_str(), 0755);
         EXPECT_EQ(readFile(path), before);
     }
     // A disk that fills half way through the new file.

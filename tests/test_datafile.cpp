@@ -78,67 +78,6 @@ std::vector<ManifestLine> *Datafile::manifest = nullptr;
 
 bool isPowerOfTwo(int v) { return v > 0 && (v & (v - 1)) == 0; }
 
-// Folders, frame counts and JPEG frames exactly as the loaders ask for them.
-struct Folder {
-    const char *path;
-    int frames;
-    std::set<int> jpeg;
-};
-const std::vector<Folder> &pictureFolders() {
-    static const std::vector<Folder> folders = {
-        {"MOUSE", 3, {}}, {"SPRITES2/INTRO", 2, {}}, {"TERRAIN/FIELD", 23, {}},
-        {"TERRAIN/FIELD/BACKGROUND", 6, {0, 3, 4}}, {"SPRITES", 45, {39}},
-        {"TERRAIN/POD", 21, {}}, {"TERRAIN/ROCKET/LANDED", 41, {}},
-        {"TERRAIN/ROCKET/FLYING", 41, {}}, {"TERRAIN/FIELD/WATER", 11, {}},
-        {"TERRAIN/FIELD/PLANET", 73, {}}, {"TERRAIN/ICE/PLANET", 73, {}},
-        {"TERRAIN/ASTEROID/PLANET", 73, {}}, {"TERRAIN/SOFT/PLANET", 73, {}},
-        {"BUILDING/GIRDER", 1, {}}, {"BUILDING/GIRDERLEFT", 1, {}},
-        {"BUILDING/GIRDERRIGHT", 1, {}}, {"BUILDING/HARVESTER", 20, {}},
-        {"BUILDING/HARVESTERON", 20, {}}, {"BUILDING/TRANSPORTUP", 21, {}},
-        {"BUILDING/TRANSPORTLEFT", 21, {}}, {"BUILDING/TRANSPORTRIGHT", 21, {}},
-        {"BUILDING/BLOCKER", 1, {}}, {"BUILDING/SHOVEL", 1, {}},
-        {"BUILDING/DYNAMITE", 6, {}}, {"GUI", 32, {}},
-        {"SPRITES2/GREENMAN/WALK", 21, {}}, {"SPRITES2/GREENMAN/ENTER", 17, {}},
-        {"SPRITES2/GREENMAN/SUCKED", 21, {}}, {"SPRITES2/GREENMAN/FALL", 21, {}},
-        {"SPRITES2/EXPLOSIONS/SMALL", 10, {}}, {"SPRITES2/STARS", 3, {}},
-        {"FONT", 3, {}},
-    };
-    return folders;
-}
-
-TEST_F(Datafile, ManifestListsEveryObjectTheGameLoads) {
-    std::map<std::string, const ManifestLine *> byPath;
-    for (const ManifestLine &m : *manifest) {
-        EXPECT_TRUE(byPath.emplace(m.path, &m).second) << "listed twice: " << m.path;
-    }
-    std::set<std::string> expected;
-    char name[64];
-    for (const Folder &f : pictureFolders()) {
-        for (int i = 0; i < f.frames; ++i) {
-            bool jpg = f.jpeg.count(i) > 0;
-            std::snprintf(name, sizeof name, "/DATA%02d_%s", i, jpg ? "JPG" : "TGA");
-            expected.insert(f.path + std::string(name));
-        }
-    }
-    for (int i = 0; i < 27; ++i) {
-        std::snprintf(name, sizeof name, "SOUND/SOUND%02d_WAV", i);
-        expected.insert(name);
-    }
-    for (int i = 0; i < 3; ++i) {
-        std::snprintf(name, sizeof name, "MUSIC/MUSIC%02d_WAV", i);
-        expected.insert(name);
-    }
-    for (int p = 1; p <= 4; ++p) {
-        for (int m = 1; m <= 15; ++m) {
-            std::snprintf(name, sizeof name, "LEVELS/P%dM%02d_LEV", p, m);
-            expected.insert(name);
-        }
-    }
-    for (const std::string &path : expected) EXPECT_TRUE(byPath.count(path)) << "missing: " << path;
-    for (const auto &entry : byPath) EXPECT_TRUE(expected.count(entry.first)) << "unexpected: " << entry.first;
-    EXPECT_EQ(byPath.size(), expected.size());
-}
-
 // Sizes the game draws at: pictures it draws through fixed-size primitives must
 // have that size, or they would be stretched.
 TEST_F(Datafile, PicturesDecodeAtTheirSizeWithTheirAlpha) {
@@ -150,10 +89,8 @@ TEST_F(Datafile, PicturesDecodeAtTheirSizeWithTheirAlpha) {
         {"TERRAIN/SOFT/PLANET/", {64, 64}},
         {"SPRITES2/STARS/", {8, 8}}, {"FONT/", {256, 128}},
     };
-    int pictures = 0;
     for (const ManifestLine &m : *manifest) {
         if (m.kind != "tga" && m.kind != "jpg") continue;
-        ++pictures;
         std::string path = datafilePath(m.path);
         BITMAP *bmp = m.kind == "tga" ? load_tga(path.c_str(), nullptr) : load_jpg(path.c_str(), nullptr);
         ASSERT_NE(bmp, nullptr) << "cannot decode " << m.path;
@@ -187,46 +124,63 @@ TEST_F(Datafile, PicturesDecodeAtTheirSizeWithTheirAlpha) {
         }
         destroy_bitmap(bmp);
     }
-    EXPECT_EQ(pictures, 727);
 }
 
-// A picture's alpha as the game decodes it, for the checks on where its ink sits.
-struct Ink {
+// A picture as the game decodes it, TGA or JPEG, in rows from the top.
+struct Picture {
     int w = 0, h = 0;
-    std::vector<int> alpha, light;  // per pixel: 0..255, and alpha times brightness
-    int at(int x, int y) const { return alpha[y * w + x]; }
-    int countOpaque(int x0, int y0, int x1, int y1) const {
-        int n = 0;
-        for (int y = y0; y < y1; ++y)
-            for (int x = x0; x < x1; ++x) n += at(x, y) == 255;
-        return n;
-    }
+    std::vector<int> px;  // r, g, b, a per pixel
+    int c(int x, int y, int k) const { return px[(static_cast<size_t>(y) * w + x) * 4 + k]; }
+    int a(int x, int y) const { return c(x, y, 3); }
 };
 
-Ink readInk(const std::string &object) {
-    Ink ink;
-    BITMAP *bmp = load_tga(datafilePath(object).c_str(), nullptr);
-    if (!bmp || bitmap_color_depth(bmp) != 32) {
-        if (bmp) destroy_bitmap(bmp);
-        return ink;
-    }
-    ink.w = bmp->w;
-    ink.h = bmp->h;
+Picture readPicture(const std::string &object) {
+    Picture p;
+    const bool jpg = object.size() > 4 && object.compare(object.size() - 4, 4, "_JPG") == 0;
+    const std::string path = datafilePath(object);
+    BITMAP *bmp = jpg ? load_jpg(path.c_str(), nullptr) : load_tga(path.c_str(), nullptr);
+    if (!bmp) return p;
+    const int depth = bitmap_color_depth(bmp);
+    p.w = bmp->w;
+    p.h = bmp->h;
     for (int y = 0; y < bmp->h; ++y) {
         for (int x = 0; x < bmp->w; ++x) {
-            int c = getpixel(bmp, x, y);
-            ink.alpha.push_back(geta32(c));
-            ink.light.push_back(geta32(c) * (getr32(c) + getg32(c) + getb32(c)) / 765);
+            const int v = getpixel(bmp, x, y);
+            p.px.insert(p.px.end(), {getr_depth(depth, v), getg_depth(depth, v), getb_depth(depth, v),
+                                     depth == 32 ? geta32(v) : 255});
         }
     }
     destroy_bitmap(bmp);
-    return ink;
+    return p;
 }
 
-std::string frameName(const std::string &folder, int frame) {
-    char name[16];
-    std::snprintf(name, sizeof name, "/DATA%02d_TGA", frame);
-    return folder + name;
+std::string pictureName(const char *folder, int frame, const char *kind = "TGA") {
+    char name[96];
+    std::snprintf(name, sizeof name, "%s/DATA%02d_%s", folder, frame, kind);
+    return name;
+}
+
+// How many pixels of [x0, x1) x [y0, y1) are wholly opaque.
+int countOpaque(const Picture &p, int x0, int y0, int x1, int y1) {
+    int n = 0;
+    for (int y = y0; y < y1; ++y)
+        for (int x = x0; x < x1; ++x) n += p.a(x, y) == 255;
+    return n;
+}
+
+// Rows (or columns) of a picture holding any ink, as [first, last]; -1 if none.
+std::pair<int, int> inkSpan(const Picture &p, bool rows) {
+    int first = -1, last = -1;
+    const int len = rows ? p.h : p.w;
+    for (int i = 0; i < len; ++i) {
+        bool any = false;
+        for (int t = 0; t < (rows ? p.w : p.h) && !any; ++t) any = (rows ? p.a(t, i) : p.a(i, t)) > 0;
+        if (any) {
+            if (first < 0) first = i;
+            last = i;
+        }
+    }
+    return {first, last};
 }
 
 // Sprites the game places with no offset of their own: a bubbleman centred
@@ -235,95 +189,87 @@ std::string frameName(const std::string &folder, int frame) {
 // floor, a hot spot off the centre or a lift exit opening the wrong way
 // would all show in play.
 TEST_F(Datafile, SpritesSitWhereTheGameDrawsThem) {
-    for (const Folder &f : pictureFolders()) {
-        const std::string folder = f.path;
+    for (const ManifestLine &m : *manifest) {
+        const std::string &object = m.path;
+        const std::string folder = object.substr(0, object.rfind('/'));
         const bool greenman = folder.rfind("SPRITES2/GREENMAN/", 0) == 0;
         const bool loose = greenman || folder == "SPRITES2/EXPLOSIONS/SMALL" || folder == "SPRITES2/STARS";
         const int size = folder == "SPRITES2/EXPLOSIONS/SMALL" ? 64 : folder == "SPRITES2/STARS" ? 8 : 32;
-        if (!loose && folder.rfind("BUILDING/", 0) != 0 && folder != "MOUSE") continue;
-        for (int i = 0; i < f.frames; ++i) {
-            const std::string object = frameName(folder, i);
-            const Ink ink = readInk(object);
-            ASSERT_EQ(ink.w, size) << object;
-            ASSERT_EQ(ink.h, size) << object;
-            if (!loose) continue;
-            int top = 0, sides = 0, bottom = 0;
-            for (int k = 0; k < size; ++k) {
-                top += ink.at(k, 0);
-                sides += ink.at(0, k) + ink.at(size - 1, k);
-                bottom += ink.at(k, size - 1);
-            }
-            EXPECT_EQ(top + sides, 0) << object << " is cut by the picture's edge";
-            // Only a bubbleman may touch the bottom row: it is his cell's floor.
-            if (!greenman) {
-                EXPECT_EQ(bottom, 0) << object << " is cut by the picture's edge";
-            }
-            if (folder == "SPRITES2/GREENMAN/WALK") {
-                EXPECT_GT(bottom, 0) << object << ": his feet must rest on the cell's floor";
-                int left = size, right = -1;
-                for (int y = 0; y < size; ++y) {
-                    for (int x = 0; x < size; ++x) {
-                        if (ink.at(x, y)) {
-                            left = std::min(left, x);
-                            right = std::max(right, x);
-                        }
-                    }
-                }
-                EXPECT_NEAR((left + right) / 2.0, 15.5, 2.5) << object << " walks off his cell's centre";
-            }
+        if (m.kind != "tga" || (!loose && folder.rfind("BUILDING/", 0) != 0 && folder != "MOUSE")) continue;
+        const Picture ink = readPicture(object);
+        ASSERT_EQ(ink.w, size) << object;
+        ASSERT_EQ(ink.h, size) << object;
+        if (!loose) continue;
+        int top = 0, sides = 0, bottom = 0;
+        for (int k = 0; k < size; ++k) {
+            top += ink.a(k, 0);
+            sides += ink.a(0, k) + ink.a(size - 1, k);
+            bottom += ink.a(k, size - 1);
+        }
+        EXPECT_EQ(top + sides, 0) << object << " is cut by the picture's edge";
+        // Only a bubbleman may touch the bottom row: it is his cell's floor.
+        if (!greenman) {
+            EXPECT_EQ(bottom, 0) << object << " is cut by the picture's edge";
+        }
+        if (folder == "SPRITES2/GREENMAN/WALK") {
+            EXPECT_GT(bottom, 0) << object << ": his feet must rest on the cell's floor";
+            const std::pair<int, int> columns = inkSpan(ink, false);
+            EXPECT_NEAR((columns.first + columns.second) / 2.0, 15.5, 2.5) << object << " walks off his cell's centre";
         }
     }
 
     // The three stars are three layers of depth: each nearer one brighter.
     long previous = 0;
     for (int i = 0; i < 3; ++i) {
-        const Ink star = readInk(frameName("SPRITES2/STARS", i));
+        const Picture star = readPicture(pictureName("SPRITES2/STARS", i));
         long total = 0;
-        for (int v : star.light) total += v;
+        for (int y = 0; y < star.h; ++y)
+            for (int x = 0; x < star.w; ++x)
+                total += star.a(x, y) * (star.c(x, y, 0) + star.c(x, y, 1) + star.c(x, y, 2)) / 765;
         EXPECT_GT(total, previous * 3 / 2) << "star " << i << " is not brighter than the one behind it";
         previous = total;
     }
 
     // Pointers are centred on the pointer: the arrow's tip is pixel (16, 16)
     // and nothing of the arrow lies above or left of it.
-    const Ink arrow = readInk("MOUSE/DATA00_TGA");
+    const Picture arrow = readPicture("MOUSE/DATA00_TGA");
     ASSERT_EQ(arrow.w, 32);
-    EXPECT_EQ(arrow.at(16, 16), 255);
+    EXPECT_EQ(arrow.a(16, 16), 255);
     for (int y = 0; y < 32; ++y) {
         for (int x = 0; x < 32; ++x) {
             if (y < 15 || x < 15) {
-                EXPECT_EQ(arrow.at(x, y), 0) << "arrow ink at " << x << "," << y;
+                EXPECT_EQ(arrow.a(x, y), 0) << "arrow ink at " << x << "," << y;
             }
         }
     }
-    EXPECT_EQ(readInk("MOUSE/DATA02_TGA").at(16, 16), 255) << "the crosshair's centre is its hot spot";
+    EXPECT_EQ(readPicture("MOUSE/DATA02_TGA").a(16, 16), 255) << "the crosshair's centre is its hot spot";
 
     // Girders carry bubblemen and other pieces on their top edge; a hanging
     // girder is bolted to its anchor's side only.
     for (const char *girder : {"BUILDING/GIRDER", "BUILDING/GIRDERLEFT", "BUILDING/GIRDERRIGHT"}) {
-        const Ink g = readInk(frameName(girder, 0));
+        const Picture g = readPicture(pictureName(girder, 0));
         ASSERT_EQ(g.w, 32);
-        EXPECT_EQ(g.countOpaque(0, 0, 32, 3), 96) << girder << " needs a solid deck along its top";
+        EXPECT_EQ(countOpaque(g, 0, 0, 32, 3), 96) << girder << " needs a solid deck along its top";
     }
-    const Ink heldRight = readInk("BUILDING/GIRDERLEFT/DATA00_TGA");
-    const Ink heldLeft = readInk("BUILDING/GIRDERRIGHT/DATA00_TGA");
-    EXPECT_GT(heldRight.countOpaque(28, 6, 32, 18), 30) << "the left hanging girder hangs from its right neighbour";
-    EXPECT_EQ(heldRight.countOpaque(0, 8, 4, 32), 0);
-    EXPECT_GT(heldLeft.countOpaque(0, 6, 4, 18), 30) << "the right hanging girder hangs from its left neighbour";
-    EXPECT_EQ(heldLeft.countOpaque(28, 8, 32, 32), 0);
+    const Picture heldRight = readPicture("BUILDING/GIRDERLEFT/DATA00_TGA");
+    const Picture heldLeft = readPicture("BUILDING/GIRDERRIGHT/DATA00_TGA");
+    EXPECT_GT(countOpaque(heldRight, 28, 6, 32, 18), 30) << "the left hanging girder hangs from its right neighbour";
+    EXPECT_EQ(countOpaque(heldRight, 0, 8, 4, 32), 0);
+    EXPECT_GT(countOpaque(heldLeft, 0, 6, 4, 18), 30) << "the right hanging girder hangs from its left neighbour";
+    EXPECT_EQ(countOpaque(heldLeft, 28, 8, 32, 32), 0);
 
     // Lifts stack into a shaft: their rails run from the top row to the bottom
     // one. An exit keeps the rail on its closed side and opens the other.
     for (int i = 0; i < 21; ++i) {
-        const Ink up = readInk(frameName("BUILDING/TRANSPORTUP", i));
-        const Ink left = readInk(frameName("BUILDING/TRANSPORTLEFT", i));
-        const Ink right = readInk(frameName("BUILDING/TRANSPORTRIGHT", i));
+        const Picture up = readPicture(pictureName("BUILDING/TRANSPORTUP", i));
+        const Picture left = readPicture(pictureName("BUILDING/TRANSPORTLEFT", i));
+        const Picture right = readPicture(pictureName("BUILDING/TRANSPORTRIGHT", i));
         ASSERT_TRUE(up.w == 32 && left.w == 32 && right.w == 32);
-        EXPECT_EQ(up.countOpaque(2, 0, 6, 32) + up.countOpaque(26, 0, 30, 32), 256) << "lift frame " << i;
-        EXPECT_EQ(left.countOpaque(26, 10, 30, 30), 80) << "left exit frame " << i << " lacks its right rail";
-        EXPECT_LT(left.countOpaque(2, 10, 6, 30), 20) << "left exit frame " << i << " is closed on the left";
-        EXPECT_EQ(right.countOpaque(2, 10, 6, 30), 80) << "right exit frame " << i << " lacks its left rail";
-        EXPECT_LT(right.countOpaque(26, 10, 30, 30), 20) << "right exit frame " << i << " is closed on the right";
+        EXPECT_EQ(countOpaque(up, 2, 0, 6, 32) + countOpaque(up, 26, 0, 30, 32), 256) << "lift frame " << i;
+        EXPECT_EQ(countOpaque(left, 26, 10, 30, 30), 80) << "left exit frame " << i << " lacks its right rail";
+        EXPECT_LT(countOpaque(left, 2, 10, 6, 30), 20) << "left exit frame " << i << " is closed on the left";
+        EXPECT_EQ(countOpaque(right, 2, 10, 6, 30), 80) << "right exit frame " << i << " lacks its left rail";
+        EXPECT_LT(countOpaque(right, 26, 10, 30, 30), 20) << "right exit frame " << i << " is closed on the right";
     }
 }
 
@@ -354,30 +300,30 @@ TEST_F(Datafile, ScreenPicturesLetThroughWhatIsDrawnUnderThem) {
         {"GUI", 8, 235, 0, 256, 32, 0, "the right menu marker"},
     };
     for (const Area &a : areas) {
-        const std::string name = frameName(a.folder, a.frame);
-        const Ink ink = readInk(name);
+        const std::string name = pictureName(a.folder, a.frame);
+        const Picture ink = readPicture(name);
         ASSERT_GT(ink.w, 0) << name;
         int faint = 0;
         for (int y = a.y0; y < a.y1; ++y)
-            for (int x = a.x0; x < a.x1; ++x) faint += ink.at(x, y) > 24;
+            for (int x = a.x0; x < a.x1; ++x) faint += ink.a(x, y) > 24;
         const int area = (a.x1 - a.x0) * (a.y1 - a.y0);
         if (a.opaquePerMille == 0) {
             EXPECT_EQ(faint, 0) << name << " hides " << a.what;
         } else {
-            EXPECT_LE(ink.countOpaque(a.x0, a.y0, a.x1, a.y1) * 1000, area * a.opaquePerMille)
+            EXPECT_LE(countOpaque(ink, a.x0, a.y0, a.x1, a.y1) * 1000, area * a.opaquePerMille)
                 << name << " hides " << a.what;
         }
     }
     for (int frame = 7; frame <= 10; ++frame) {
-        const std::string name = frameName("SPRITES", frame);
-        const Ink ink = readInk(name);
+        const std::string name = pictureName("SPRITES", frame);
+        const Picture ink = readPicture(name);
         ASSERT_EQ(ink.w, 256) << name;
         int outside = 0, inside = 0;
         for (int y = 0; y < ink.h; ++y) {
             for (int x = 0; x < ink.w; ++x) {
                 // the bezel's dark window runs from 27 to 229
                 const bool window = x >= 27 && x < 229 && y >= 27 && y < 229;
-                (window ? inside : outside) += ink.at(x, y) > 0;
+                (window ? inside : outside) += ink.a(x, y) > 0;
             }
         }
         EXPECT_EQ(outside, 0) << name << " spills over its bezel";
@@ -597,102 +543,8 @@ TEST_F(Datafile, MusicLoopsSeamlesslyUnderTheEffects) {
     EXPECT_EQ(tracks, 3);
 }
 
-// A level read as the packed loader reads it: line by line through pack_fgets.
-std::vector<std::string> readLevelLines(const std::string &object) {
-    std::vector<std::string> lines;
-    PACKFILE *f = pack_fopen(datafilePath(object).c_str(), "r");
-    if (!f) return lines;
-    std::vector<char> buf(10000, 0);
-    while (pack_fgets(buf.data(), static_cast<int>(buf.size()), f)) lines.push_back(buf.data());
-    pack_fclose(f);
-    return lines;
-}
-
-bool isNumber(const std::string &s) {
-    char *end = nullptr;
-    std::strtod(s.c_str(), &end);
-    return end != s.c_str();
-}
-
-TEST_F(Datafile, LevelsParseAndMatchTheirNames) {
-    int levels = 0;
-    for (const ManifestLine &m : *manifest) {
-        if (m.kind != "level") continue;
-        ++levels;
-        std::vector<std::string> lines = readLevelLines(m.path);
-        ASSERT_GE(lines.size(), 17u) << m.path << " cannot be opened or is short";
-        for (size_t i = 1; i < lines.size(); ++i) ASSERT_TRUE(isNumber(lines[i])) << m.path << " line " << i + 1;
-        const int planet = std::atoi(lines[1].c_str());
-        const int mission = std::atoi(lines[2].c_str());
-        const int w = std::atoi(lines[6].c_str());
-        const int h = std::atoi(lines[7].c_str());
-        // LEVELS/P<planet>M<nn>_LEV
-        const int namePlanet = m.path[8] - '0';
-        const int nameMission = std::atoi(m.path.substr(10, 2).c_str());
-        EXPECT_EQ(planet, namePlanet) << m.path;
-        EXPECT_EQ(mission, (namePlanet - 1) * 15 + nameMission) << m.path;
-        EXPECT_EQ(std::atoi(lines[3].c_str()), 1) << m.path << " must be a campaign level";
-        EXPECT_GT(std::atoi(lines[5].c_str()), 0) << m.path << " has no credits";
-        ASSERT_GE(w, 3) << m.path;
-        ASSERT_GE(h, 8) << m.path;
-        ASSERT_EQ(lines.size(), static_cast<size_t>(17 + w * h)) << m.path;
-        int pods = 0, rockets = 0;
-        for (int x = 0; x < w; ++x) {
-            for (int y = 0; y < h; ++y) {
-                int code = std::atoi(lines[17 + x * h + y].c_str());
-                ASSERT_TRUE(code >= 0 && code <= 23) << m.path << " cell " << x << "," << y;
-                pods += code == 12;
-                rockets += code == 13;
-                if (y < 7) {
-                    EXPECT_TRUE(code == 0 || code == 13 || code == 15 || code == 17)
-                        << m.path << " keeps code " << code << " in the sky at " << x << "," << y;
-                } else if (x == 0 || x == w - 1 || y == h - 1) {
-                    EXPECT_EQ(code, 11) << m.path << " border ring open at " << x << "," << y;
-                }
-            }
-        }
-        EXPECT_GE(pods, 1) << m.path;
-        EXPECT_GE(rockets, 1) << m.path;
-    }
-    EXPECT_EQ(levels, 60);
-}
-
-
 // ---------------------------------------------------------------- the level's world
 
-// A picture as the game decodes it, TGA or JPEG, in rows from the top.
-struct Picture {
-    int w = 0, h = 0;
-    std::vector<int> px;  // r, g, b, a per pixel
-    int c(int x, int y, int k) const { return px[(static_cast<size_t>(y) * w + x) * 4 + k]; }
-    int a(int x, int y) const { return c(x, y, 3); }
-};
-
-Picture readPicture(const std::string &object) {
-    Picture p;
-    const bool jpg = object.size() > 4 && object.compare(object.size() - 4, 4, "_JPG") == 0;
-    const std::string path = datafilePath(object);
-    BITMAP *bmp = jpg ? load_jpg(path.c_str(), nullptr) : load_tga(path.c_str(), nullptr);
-    if (!bmp) return p;
-    const int depth = bitmap_color_depth(bmp);
-    p.w = bmp->w;
-    p.h = bmp->h;
-    for (int y = 0; y < bmp->h; ++y) {
-        for (int x = 0; x < bmp->w; ++x) {
-            const int v = getpixel(bmp, x, y);
-            p.px.insert(p.px.end(), {getr_depth(depth, v), getg_depth(depth, v), getb_depth(depth, v),
-                                     depth == 32 ? geta32(v) : 255});
-        }
-    }
-    destroy_bitmap(bmp);
-    return p;
-}
-
-std::string pictureName(const char *folder, int frame, const char *kind = "TGA") {
-    char name[96];
-    std::snprintf(name, sizeof name, "%s/DATA%02d_%s", folder, frame, kind);
-    return name;
-}
 
 // Mean colour step between column x0 of one picture and column x1 of another
 // (rows where both are solid), or between rows when `rows` is set.
@@ -719,20 +571,6 @@ void expectSeamless(const Picture &p, const Picture &q, bool rows, const std::st
     EXPECT_LE(step(p, len - 1, q, 0, rows), 1.6 * inner + 4) << what << " shows a seam";
 }
 
-// Rows (or columns) of a picture holding any ink, as [first, last]; -1 if none.
-std::pair<int, int> inkSpan(const Picture &p, bool rows) {
-    int first = -1, last = -1;
-    const int len = rows ? p.h : p.w;
-    for (int i = 0; i < len; ++i) {
-        bool any = false;
-        for (int t = 0; t < (rows ? p.w : p.h) && !any; ++t) any = (rows ? p.a(t, i) : p.a(i, t)) > 0;
-        if (any) {
-            if (first < 0) first = i;
-            last = i;
-        }
-    }
-    return {first, last};
-}
 
 // The terrain set as the level view lays it out: cells side by side in a
 // grid, lips drawn 4 pixels toward the ground that casts them, the glow

@@ -20,6 +20,7 @@
 #include "world/catalogue.h"
 #include "world/level.h"
 #include "world/level_writer.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -121,7 +122,10 @@ static int countPods()
 }
 
 struct Editor : ::testing::Test {
-    std::string root;
+    // Every save flushes to disk; in memory that costs nothing, and the
+    // suite saves often.
+    ScratchFolder scratch{"delvemoor-editor", access("/dev/shm", W_OK) == 0 ? "/dev/shm" : ""};
+    const std::string root = scratch.path;
 
     void SetUp() override
     {
@@ -129,13 +133,6 @@ struct Editor : ::testing::Test {
         if (!allegroStarted)
             allegroStarted = install_allegro(SYSTEM_NONE, &errno, atexit) == 0;
         buildCampaignLevelNames();
-        // Every save flushes to disk; in memory that costs nothing, and the
-        // suite saves often.
-        struct stat shm;
-        std::string pattern = stat("/dev/shm", &shm) == 0 && access("/dev/shm", W_OK) == 0
-                                  ? "/dev/shm/delvemoor-editor-XXXXXX"
-                                  : "/tmp/delvemoor-editor-XXXXXX";
-        root = mkdtemp(&pattern[0]);
         snprintf(DataRoot, sizeof DataRoot, "%s", root.c_str());
         // The campaign lives in the built game's datafile.
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
@@ -165,9 +162,7 @@ struct Editor : ::testing::Test {
 
     void TearDown() override
     {
-        chmod((root + "/custom").c_str(), 0755);
-        std::error_code ignored;
-        fs::remove_all(root, ignored);
+        chmod((root + "/custom").c_str(), 0755);  // so that it can be removed
     }
 
     std::string folder() const { return root + "/custom"; }

@@ -17,9 +17,10 @@
 #include "world/catalogue.h"
 #include "world/level.h"
 #include "world/passwords.h"
+#include "support/offscreen_gl.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
-#include <GL/osmesa.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -50,20 +51,6 @@ static int scriptedKey()
 // Each black frame of a blackout lets one tick of the timer pass.
 static void blackFramePassesATick() { tickCounter++; }
 
-static std::string readAll(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-static void writeFile(const std::string &path, const std::string &text)
-{
-    std::ofstream out(path, std::ios::binary);
-    out << text;
-}
-
 // A small custom level that the loader accepts: one pod under a hatcher's
 // place, one rocket, on the given planet.
 static std::string smallLevel(const std::string &title, int planet, int mission)
@@ -86,31 +73,21 @@ static std::string smallLevel(const std::string &title, int planet, int mission)
 
 class FrontEnd : public ::testing::Test {
 protected:
-    static OSMesaContext context;
-    static std::vector<unsigned char> buffer;
-    std::string root;
+    ScratchFolder scratch{"delvemoor-frontend"};
+    const std::string root = scratch.path;
 
     static void SetUpTestSuite()
     {
         install_allegro(SYSTEM_NONE, &errno, atexit);
-        context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
-        ASSERT_NE(context, nullptr);
-        buffer.assign(640 * 480 * 4, 0);
-        ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, 640, 480));
+        useOffscreenContext();
         readMouseButtons = scriptedMouse;
         nextTypedKey = scriptedKey;
         presentBlackFrame = blackFramePassesATick;
         buildCampaignLevelNames();
         buildPasswordTable();
     }
-    // The context lives until the process ends: Mesa's own tear-down reads
-    // freed state under the sanitizers.
-
     void SetUp() override
     {
-        char pattern[] = "/tmp/delvemoor-frontend-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        root = pattern;
         const char *gameDir = getenv("DELVEMOOR_GAME_DIR");
         ASSERT_NE(gameDir, nullptr);
         ASSERT_EQ(symlink((std::string(gameDir) + "/DATA").c_str(), (root + "/DATA").c_str()), 0);
@@ -144,12 +121,7 @@ protected:
         setScreen(MainMenu);
     }
 
-    void TearDown() override
-    {
-        closeLog();
-        std::string command = "rm -rf '" + root + "'";
-        ASSERT_EQ(system(command.c_str()), 0);
-    }
+    void TearDown() override { closeLog(); }
 
     // One frame as the main loop runs it, with one tick owed.
     void frame(float x, float y, bool down)
@@ -224,8 +196,6 @@ protected:
     }
 };
 
-OSMesaContext FrontEnd::context;
-std::vector<unsigned char> FrontEnd::buffer;
 
 TEST_F(FrontEnd, CampaignFromNewGameThroughWinsToTheNextPlanet)
 {
@@ -394,25 +364,16 @@ TEST_F(FrontEnd, PasswordEntryTakesOnlyWhatAPasswordCanHold)
     EXPECT_EQ(enteredText, "");
 }
 
+// A password that repeats or that the entry line cannot take restores nothing.
 TEST_F(FrontEnd, ThePasswordTableHasSixtyDistinctTypeableEntries)
 {
     std::set<std::string> seen;
-    const size_t firstLengths[] = {7, 8, 6, 7};
     for (int i = 0; i < PASSWORD_COUNT; i++) {
         const std::string &p = passwordTable[i];
         EXPECT_TRUE(seen.insert(p).second) << p << " twice";
-        EXPECT_GE(p.size(), 1u);
-        EXPECT_LE(p.size(), (size_t)PASSWORD_MAX_LENGTH);
+        EXPECT_TRUE(p.size() >= 2 && p.size() <= (size_t)PASSWORD_MAX_LENGTH) << p;
         for (char c : p)
             EXPECT_TRUE((c >= ' ' && c <= 'Z') || c == '_') << p;
-        if (i < 4) {
-            EXPECT_EQ(p.size(), firstLengths[i]) << p;
-            for (char c : p)
-                EXPECT_TRUE(c >= 'A' && c <= 'Z') << p << " is a single word";
-        } else {
-            EXPECT_GE(p.size(), 2u);
-            EXPECT_LE(p.size(), 7u);
-        }
     }
 }
 
@@ -442,7 +403,7 @@ TEST_F(FrontEnd, CustomModeListsTheCustomFolderAndSkipsWhatItCannotRead)
     EXPECT_EQ(levelLists[4 + 1].back().title, "Second Cave");
     ASSERT_EQ(levelLists[4].size(), 1u) << "a file of the folder is custom whatever its flag";
     EXPECT_EQ(levelLists[0].size(), 15u);
-    const std::string log = readAll(root + "/gamelog.txt");
+    const std::string log = readFile(root + "/gamelog.txt");
     for (const char *name : {"empty.lev", "binary.lev", "planet9.lev", "a-folder.lev", "pipe.lev", "huge.lev"})
         EXPECT_NE(log.find(std::string("Custom level ") + name + " is left out"), std::string::npos) << name;
     EXPECT_EQ(log.find("Hidden"), std::string::npos);
@@ -493,7 +454,7 @@ TEST_F(FrontEnd, AFolderOfThousandsOfFilesIsReadOnlyAsFarAsTheLimit)
     }
     loadLevelCatalogue();
     EXPECT_EQ(levelLists[4 + 2].size(), (size_t)CUSTOM_LEVEL_LIMIT);
-    EXPECT_NE(readAll(root + "/gamelog.txt").find("40 are left out"), std::string::npos);
+    EXPECT_NE(readFile(root + "/gamelog.txt").find("40 are left out"), std::string::npos);
 }
 
 TEST_F(FrontEnd, OptionsApplyVolumesAtOnceAndVideoOnlyToTheWrittenConfiguration)
@@ -530,7 +491,7 @@ TEST_F(FrontEnd, OptionsApplyVolumesAtOnceAndVideoOnlyToTheWrittenConfiguration)
     EXPECT_EQ(options.noticeRising, 1);
     const std::string path = root + "/gameconfig.cfg";
     ASSERT_TRUE(writeConfigTo(path.c_str()));
-    const std::string written = readAll(path);
+    const std::string written = readFile(path);
     for (const char *line : {"SCREENMODE = FULLSCREEN\n", "COLORDEPTH = 16\n", "SCROLLSPEED = 10\n",
                              "SOUND VOLUME = 8\n", "MUSIC VOLUME = 2\n"})
         EXPECT_NE(written.find(line), std::string::npos) << line;
@@ -642,71 +603,4 @@ TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
     EXPECT_FALSE(openWebsiteAfterExit);
     quitRequested = 0;
     transition = {};
-}
-
-// A picture is drawn only where its texels are not wholly clear; on screen it
-// must be the very picture the whole quad gives, at any colour and place.
-TEST_F(FrontEnd, TrimmedPicturesLookTheSameAsWholeOnes)
-{
-    const int w = 64, h = 32;
-    std::vector<unsigned char> texels((size_t)w * h * 4, 0);
-    for (int y = 0; y < h; y++)
-        for (int x = 0; x < w; x++) {
-            unsigned char *p = &texels[((size_t)y * w + x) * 4];
-            p[0] = (unsigned char)(x * 4);
-            p[1] = (unsigned char)(y * 8);
-            p[2] = 200;  // clear texels keep a colour: it must never show
-            p[3] = (x >= 9 && x < 50 && y >= 5 && y < 27) ? (unsigned char)(60 + x * 3) : 0;
-        }
-    // A ring round a clear window, a speck inside it and a dotted top row:
-    // clear texels inside the drawn box must stay clear.
-    std::vector<unsigned char> ring((size_t)w * h * 4, 0);
-    for (int y = 0; y < h; y++)
-        for (int x = 0; x < w; x++) {
-            const bool frame = x >= 4 && x < 60 && y >= 2 && y < 30 && !(x >= 14 && x < 50 && y >= 8 && y < 24);
-            const bool speck = x == 30 && y == 15;
-            const bool dots = y == 0 && x % 5 == 0;
-            unsigned char *p = &ring[((size_t)y * w + x) * 4];
-            p[0] = (unsigned char)(255 - x * 3);
-            p[1] = 90;
-            p[2] = (unsigned char)(y * 7);
-            p[3] = frame || speck || dots ? (unsigned char)(100 + y * 4) : 0;
-        }
-    GLuint picture = 0, clear = 0, ringed = 0;
-    glGenTextures(1, &ringed);
-    glBindTexture(GL_TEXTURE_2D, ringed);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, ring.data());
-    glGenTextures(1, &picture);
-    glBindTexture(GL_TEXTURE_2D, picture);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels.data());
-    std::vector<unsigned char> none((size_t)w * h * 4, 0);
-    glGenTextures(1, &clear);
-    glBindTexture(GL_TEXTURE_2D, clear);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, none.data());
-
-    setDrawingState();
-    beginFrame2D();
-    auto frameAfter = [](void (*draw)(float, float, TextureId, float), float x, float y, TextureId t, float a) {
-        drawRect(0, 0, 640, 480, 0.25f, 0.5f, 0.75f, 1);
-        draw(x, y, t, a);
-        glFinish();
-        std::vector<unsigned char> pixels(640 * 480 * 4);
-        glReadPixels(0, 0, 640, 480, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-        return pixels;
-    };
-    auto trimmed = [](float x, float y, TextureId t, float a) { drawTexture(x, y, t, 1, 0.8f, 1, a); };
-    auto whole = [](float x, float y, TextureId t, float a) {
-        drawTextureSized((int)x, (int)y, t, 1, 0.8f, 1, a, 64, 32);
-    };
-    for (float alpha : {1.0f, 0.4f}) {
-        EXPECT_EQ(frameAfter(trimmed, 100, 100, picture, alpha), frameAfter(whole, 100, 100, picture, alpha));
-        EXPECT_EQ(frameAfter(trimmed, 639, 0, picture, alpha), frameAfter(whole, 639, 0, picture, alpha))
-            << "half off the screen";
-    }
-    EXPECT_EQ(frameAfter(trimmed, 300, 200, clear, 1), frameAfter(whole, 300, 200, clear, 1));
-    EXPECT_EQ(frameAfter(trimmed, 200, 300, ringed, 0.7f), frameAfter(whole, 200, 300, ringed, 0.7f));
-    // Off the pixel grid the whole quad is drawn, as before.
-    auto off = frameAfter(trimmed, 100.5f, 100.25f, picture, 1);
-    EXPECT_NE(off, frameAfter(trimmed, 300, 300, clear, 1));
-    endFrame2D();
 }

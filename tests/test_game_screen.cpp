@@ -3,7 +3,8 @@
 // logic once a tick, its render handler once a frame into an offscreen
 // OpenGL context. The pictures are the real datafile's; DELVEMOOR_SHOTS
 // names a folder to keep the frames in as PNG files.
-#include "sim_levels.h"
+#include "support/offscreen_gl.h"
+#include "support/sim_levels.h"
 
 #include "app/screens.h"
 #include "app/startup.h"
@@ -22,8 +23,8 @@
 #include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "world/catalogue.h"
+#include "support/scratch.h"
 
-#include <GL/osmesa.h>
 #include <allegro.h>
 #include <jpgalleg.h>
 
@@ -48,37 +49,28 @@ struct Rgb {
 
 class PlayScreen : public ::testing::Test {
 public:
-    static OSMesaContext context;
-    static std::vector<unsigned char> buffer;
     static bool pictures;
 
     static void SetUpTestSuite()
     {
-        context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
-        ASSERT_NE(context, nullptr);
-        buffer.assign(SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
-        ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
-        setDrawingState();
-
-        // The real pictures when the build has made the datafile.
+        useOffscreenContext();
+        // The real pictures when the build has made the datafile, loaded once
+        // for the program and linked afresh for each run of the tests.
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
         const std::string data = std::string(gameDir ? gameDir : ".") + "/DATA/DATA.DAT";
-        if (install_allegro(SYSTEM_NONE, &errno, atexit) == 0 && exists(data.c_str())) {
+        if (!pictures && install_allegro(SYSTEM_NONE, &errno, atexit) == 0 && exists(data.c_str())) {
             jpgalleg_init();
             std::snprintf(DataRoot, sizeof DataRoot, "%s", gameDir);
             makeTexture = uploadPictureOffscreen;
             loadFontData();
             loadImageData();
+            pictures = true;
+        }
+        if (pictures) {
             linkImageData();
             linkTerrainSet(1);
             linkObjectData();
-            pictures = true;
         }
-    }
-
-    static void TearDownTestSuite()
-    {
-        OSMesaDestroyContext(context);
     }
 
     void SetUp() override
@@ -149,7 +141,7 @@ public:
 
     Rgb pixel(int x, int y) const
     {
-        const unsigned char *p = &buffer[((size_t)y * SCREEN_WIDTH + x) * 4];
+        const unsigned char *p = &offscreenFrame()[((size_t)y * SCREEN_WIDTH + x) * 4];
         return Rgb{p[0], p[1], p[2]};
     }
 
@@ -161,12 +153,10 @@ public:
     }
 };
 
-OSMesaContext PlayScreen::context = nullptr;
-std::vector<unsigned char> PlayScreen::buffer;
 bool PlayScreen::pictures = false;
 
 //                      x: 0123456789ABCD
-const std::vector<std::string> liftLevel = {"B.........r..B",
+const std::vector<std::string> liftLevel = {"B.........T..B",
                                             "B......######B",
                                             "B......######B",
                                             "BP.$...######B",
@@ -187,12 +177,6 @@ void buildLiftRoute(PlayScreen &t)
     t.clickButton(hatchPodsButton);
 }
 
-std::string writeLevelFile(const std::vector<std::string> &ground, int credits)
-{
-    const std::string path = ::testing::TempDir() + "game_screen_level.txt";
-    std::ofstream(path) << levelText(ground, credits);
-    return path;
-}
 
 } // namespace
 
@@ -261,7 +245,9 @@ TEST_F(PlayScreen, PauseResumesTheSameLevelAndRetryStartsItAfresh)
 {
     play(liftLevel, 2000);
     campaignMode = 0;
-    missionList.currentPath = writeLevelFile(liftLevel, 2000);
+    ScratchFolder dir("delvemoor-play");
+    writeFile(dir / "level.txt", levelText(liftLevel, 2000));
+    missionList.currentPath = dir / "level.txt";
     buildLiftRoute(*this);
     idle(80);
     ASSERT_EQ(bubblemen.size(), 1u);
@@ -399,7 +385,7 @@ TEST_F(PlayScreen, AWinningRunRecordedInPlayIsProvenByTheChecker)
 TEST_F(PlayScreen, CameraStaysOverTheLevelAndTheCursorInTheGrid)
 {
     // Small: narrower and shorter than the screen.
-    play({"B....B", "B.P..B", "B.r..B", "B####B", "BBBBBB"});
+    play({"B....B", "B.P..B", "B.T..B", "B####B", "BBBBBB"});
     camX = 500;
     camY = 0;
     clampCamera();
@@ -529,13 +515,13 @@ TEST_F(PlayScreen, ToolbarCountersAndPreviewDrawWhatTheyMean)
 
     // The level is drawn only where the panels let it show: the same frame.
     pass(330, 200, 0, 0);
-    const std::vector<unsigned char> clipped = buffer;
+    const std::vector<unsigned char> clipped = offscreenFrame();
     clipLevelUnderPanels = false;
     pass(330, 200, 0, 0);
     clipLevelUnderPanels = true;
     size_t differing = 0;
-    for (size_t i = 0; i < buffer.size(); i++)
-        differing += buffer[i] != clipped[i];
+    for (size_t i = 0; i < clipped.size(); i++)
+        differing += offscreenFrame()[i] != clipped[i];
     EXPECT_EQ(differing, 0u) << "the clip under the panels changed the picture";
 
     // The preview: white where the girder fits, red where it does not.

@@ -8,6 +8,7 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "app/startup.h"
+#include "support/scratch.h"
 
 #include <chrono>
 #include <cstdio>
@@ -23,21 +24,13 @@
 
 namespace {
 
-std::string readWhole(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 // The record of one start of a stand-in, once it has finished writing it:
 // its arguments and folder, then "ls -l" of its descriptors.
 std::string waitForRecord(const std::string &base)
 {
     for (int i = 0; i < 100; i++) {
         if (access((base + ".done").c_str(), F_OK) == 0)
-            return readWhole(base + ".txt") + readWhole(base + ".fds");
+            return readFile(base + ".txt") + readFile(base + ".fds");
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
     return "(no record)";
@@ -47,9 +40,7 @@ class Launch : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        char pattern[] = "/tmp/delvemoor launch XXXXXX";
-        ASSERT_NE(nullptr, mkdtemp(pattern));
-        dir = pattern;
+        ASSERT_FALSE(dir.empty());
         ASSERT_EQ(0, mkdir((dir + "/bin").c_str(), 0755));
         ASSERT_EQ(0, mkdir((dir + "/elsewhere").c_str(), 0755));
         // A stand-in for xdg-open and for any other program: one argument a
@@ -86,7 +77,6 @@ protected:
         closeLog();
         close(plainFd);
         setenv("PATH", oldPath.c_str(), 1);
-        ASSERT_EQ(0, system(("rm -rf '" + dir + "'").c_str()));
     }
 
     // Only standard input, output and error, and the stand-in's own script.
@@ -109,7 +99,9 @@ protected:
         EXPECT_GE(listed, 3) << record;
     }
 
-    std::string dir, oldPath;
+    ScratchFolder scratch{"delvemoor launch"};
+    const std::string dir = scratch.path;
+    std::string oldPath;
     int plainFd = -1;
 };
 

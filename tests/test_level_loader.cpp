@@ -16,7 +16,8 @@
 
 #include "app/log.h"
 #include "game/mission.h"
-#include "level_grid.h"
+#include "support/level_grid.h"
+#include "support/scratch.h"
 
 namespace {
 
@@ -32,14 +33,6 @@ const NamedLoader loaders[] = {
     {"file", tryLoadLevelFromFile},
 };
 
-std::string readWhole(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 class LevelLoader : public ::testing::Test {
 protected:
     static void SetUpTestSuite()
@@ -49,19 +42,11 @@ protected:
 
     void SetUp() override
     {
-        char pattern[] = "/tmp/delvemoor-levels-XXXXXX";
-        ASSERT_NE(nullptr, mkdtemp(pattern));
-        dir = pattern;
         openLogAt((dir + "/gamelog.txt").c_str());
         level = Level();
     }
 
-    void TearDown() override
-    {
-        closeLog();
-        std::string command = "rm -rf '" + dir + "'";
-        ASSERT_EQ(0, system(command.c_str()));
-    }
+    void TearDown() override { closeLog(); }
 
     std::string write(const std::string &name, const std::string &text)
     {
@@ -74,12 +59,13 @@ protected:
     std::string log()
     {
         closeLog();
-        const std::string text = readWhole(dir + "/gamelog.txt");
+        const std::string text = readFile(dir + "/gamelog.txt");
         openLogAt((dir + "/gamelog-more.txt").c_str());
         return text;
     }
 
-    std::string dir;
+    ScratchFolder scratch{"delvemoor-levels"};
+    const std::string dir = scratch.path;
     Level level;
 };
 
@@ -90,14 +76,14 @@ std::vector<std::string> orderRows()
     return {
         "....P.......",
         "..T.........",
-        "...P..k.....",
+        "...P..R.....",
         ".....$......",
         "..........V.",
         "....^.......",
-        "...........d",
-        "BddddTdddd.B",
+        "...........#",
+        "B####T####.B",
         "P..P.......B",
-        "Bd*kkk~ddd.B",
+        "B#*RRR~###.B",
         "BBBBBBBBBBBB",
     };
 }
@@ -155,9 +141,9 @@ TEST_F(LevelLoader, BothLoadersGiveTheSameLevelAndSettleItInOrder)
             "..........V.",
             "............",
             "............",
-            "BddddTdddd.B",
+            "B####T####.B",
             "B..P.......B",
-            "Bd*kkk~ddd.B",
+            "B#*RRR~###.B",
             "BBBBBBBBBBBB",
         };
         EXPECT_EQ(expected, rowsOf(level));
@@ -243,8 +229,8 @@ TEST_F(LevelLoader, StreamReaderSplitsOnAnyWhiteSpaceAndStopsQuietly)
     broken.cells[3 * 10 + 8] = "rock";
     path = write("broken.txt", broken.text());
     ASSERT_TRUE(tryLoadLevelFromFile(level, path.c_str(), &error)) << error;
-    EXPECT_EQ("BddddddddB", rowsOf(level)[7]);
-    EXPECT_EQ("B..ddddddB", rowsOf(level)[8]);
+    EXPECT_EQ("B########B", rowsOf(level)[7]);
+    EXPECT_EQ("B..######B", rowsOf(level)[8]);
 
     // A header number that cannot be read: it and every field after it keep
     // what the level held before (here the 10 x 10 level just loaded, on

@@ -2,7 +2,9 @@
 // or the editor has written something the level cannot hold.
 #include <gtest/gtest.h>
 
-#include "level_grid.h"
+#include <climits>
+
+#include "support/level_grid.h"
 
 namespace {
 
@@ -25,16 +27,16 @@ std::vector<std::string> normalised(const std::vector<std::string> &rows)
 TEST(Normalise, SkyKeepsOnlyRocketsCreditsAndVortexesAndRingBecomesBorder)
 {
     const std::vector<std::string> result = normalised({
-        "PdBTkV$*",
-        "..rTR...",
+        "P#BTRV$*",
+        "..XTx...",
         "......H.",
         "........",
         "........",
         "....^...",
-        "T.$.V.d.",
+        "T.$.V.#.",
         "........",
         "...~....",
-        "d.......",
+        "#.......",
     });
     const std::vector<std::string> expected = {
         "........",  // the top row is ring: even its rocket went Border, then sky
@@ -45,7 +47,7 @@ TEST(Normalise, SkyKeepsOnlyRocketsCreditsAndVortexesAndRingBecomesBorder)
         "........",  // spikes in the sky vanish before they could ask for support
         "..$.V...",
         "B......B",
-        "B.d~d..B",
+        "B.#~#..B",
         "BBBBBBBB",
     };
     EXPECT_EQ(expected, result);
@@ -58,25 +60,25 @@ TEST(Normalise, ItemsNeedSupportAndScanOrderSettlesColumns)
     // holds nothing up, so it is replaced by dirt. An item on Dirt1 stays; an
     // item on an item turns the lower one into dirt, which then holds.
     const std::vector<std::string> result = normalised(underOpenSky({
-        "B^.1.X.R.3B",
-        "B^.d.R.^.2B",
+        "B^.1.E.x.3B",
+        "B^.#.x.^.2B",
         "B......^..B",
         "B.........B",
         "BBBBBBBBBBB",
     }));
-    EXPECT_EQ("B^.1.X.R.3B", result[7]);
-    EXPECT_EQ("Bd.d.d.^.dB", result[8]);
-    EXPECT_EQ("B......d..B", result[9]);
+    EXPECT_EQ("B^.1.E.x.3B", result[7]);
+    EXPECT_EQ("B#.#.#.^.#B", result[8]);
+    EXPECT_EQ("B......#..B", result[9]);
     EXPECT_EQ("B.........B", result[10]);
 
     // Radioactive1 and rock hold items up; the bottom border does too.
     const std::vector<std::string> held = normalised(underOpenSky({
         "B^4..B",
-        "Brk.XB",
+        "BXR.EB",
         "BBBBBB",
     }));
     EXPECT_EQ("B^4..B", held[7]);
-    EXPECT_EQ("Brk.XB", held[8]);
+    EXPECT_EQ("BXR.EB", held[8]);
 }
 
 TEST(Normalise, WaterSitsInABasin)
@@ -89,8 +91,8 @@ TEST(Normalise, WaterSitsInABasin)
         "B......B",
         "BBBBBBBB",
     }));
-    EXPECT_EQ("B.d~~d.B", result[7]);
-    EXPECT_EQ("B.dddd.B", result[8]);
+    EXPECT_EQ("B.#~~#.B", result[7]);
+    EXPECT_EQ("B.####.B", result[8]);
     EXPECT_EQ("B......B", result[9]);
 
     // Water above water, and water diagonally above water, turn the lower one
@@ -98,13 +100,13 @@ TEST(Normalise, WaterSitsInABasin)
     // (and fills below itself) before column 5's turns it into dirt.
     result = normalised(underOpenSky({
         "B.~..~.B",
-        "B.~.~k.B",
+        "B.~.~R.B",
         "B......B",
         "BBBBBBBB",
     }));
-    EXPECT_EQ("Bd~dd~dB", result[7]);
-    EXPECT_EQ("BddddkdB", result[8]);
-    EXPECT_EQ("B..ddd.B", result[9]);
+    EXPECT_EQ("B#~##~#B", result[7]);
+    EXPECT_EQ("B####R#B", result[8]);
+    EXPECT_EQ("B..###.B", result[9]);
 
     // Water in column 1 and beside the right border: the ring stays Border
     // (never turned into dirt), the open cells fill.
@@ -113,8 +115,8 @@ TEST(Normalise, WaterSitsInABasin)
         "B....B",
         "BBBBBB",
     }));
-    EXPECT_EQ("B~dd~B", result[7]);
-    EXPECT_EQ("BddddB", result[8]);
+    EXPECT_EQ("B~##~B", result[7]);
+    EXPECT_EQ("B####B", result[8]);
 
     // Water cannot stay in the sky, and what it would have filled stays open.
     result = normalised({
@@ -153,13 +155,17 @@ TEST(Normalise, PodCountAndOddCodes)
     normaliseTerrain(level);
     EXPECT_EQ(Dirt1, level.terrain[4][8]);
     EXPECT_EQ(-5, level.terrain[6][8]);
+    // Any int is safe to ask about: solid to walkers, nothing else.
+    for (int32_t odd : {-1, 24, INT_MIN, INT_MAX})
+        EXPECT_TRUE(isGround(odd) && !isSupport(odd) && !isDiggable(odd) && !isNeedsSupport(odd) &&
+                    !isSkyKeep(odd) && !isRadioactive(odd) && !isBlastProof(odd)) << odd;
 
     // A record never loaded, or one shorter than the sky, is safe to upkeep.
     Level empty = Level();
     normaliseTerrain(empty);
     countEditorPods(empty);
     EXPECT_EQ(0, editorPodCount);
-    Level shallow = levelFromRows({"dddd", "dPdd", "dddd"});
+    Level shallow = levelFromRows({"####", "#P##", "####"});
     normaliseTerrain(shallow);
     EXPECT_EQ(std::vector<std::string>({"....", "....", "...."}), rowsOf(shallow));
 }

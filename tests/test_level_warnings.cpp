@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "game/mission.h"
-#include "level_grid.h"
+#include "support/level_grid.h"
 #include "world/level_warnings.h"
 
 namespace {
@@ -44,7 +44,7 @@ TEST(LevelWarnings, OddLevelsAreNamedAndSoundOnesPass)
     EXPECT_TRUE(warningsFor(LevelFile(soundRows()).text()).empty());
 
     std::vector<std::string> rows = soundRows();
-    rows[8][3] = 'd';
+    rows[8][3] = '#';
     std::vector<std::string> w = warningsFor(LevelFile(rows).text());
     ASSERT_EQ(w.size(), 1u);
     EXPECT_TRUE(mentions(w, "no pods"));

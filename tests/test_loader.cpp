@@ -6,6 +6,7 @@
 #include "app/startup.h"
 #include "render/datafile.h"
 #include "render/textures.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 #include <jpgalleg.h>
@@ -126,17 +127,8 @@ protected:
             install_allegro(SYSTEM_NONE, &errno, atexit);
         jpgalleg_init();
     }
-    // Private to this process: ctest runs test programs side by side.
-    std::string dir = scratchDir();
-
-    void TearDown() override { std::filesystem::remove_all(dir); }
-
-    static std::string scratchDir()
-    {
-        std::string d = ::testing::TempDir() + "delvemoor_loader_" + std::to_string(getpid()) + "/";
-        mkdir(d.c_str(), 0755);
-        return d;
-    }
+    ScratchFolder scratch{"delvemoor-loader"};
+    const std::string dir = scratch.path + "/";
 };
 
 static bool allegroFinds(const std::string &nested)
@@ -232,14 +224,6 @@ static TextureId sizeAsId(BITMAP *picture)
 {
     int depth = bitmap_color_depth(picture);
     return (TextureId)((picture->h - 1) * 100 + (picture->w - 1) + (depth == 32 ? 100000 : 0));
-}
-
-static std::string readFile(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
 }
 
 static void throwingFatal(const char *message)

@@ -2,6 +2,7 @@
 // fatal stop that leaves the log without a trailer.
 
 #include "app/log.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -12,17 +13,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-static std::string readFile(const std::string &path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 TEST(Log, HeaderLinesAndTrailer)
 {
-    std::string path = "/tmp/delvemoor-log-test-" + std::to_string(getpid()) + ".txt";
+    ScratchFolder dir("delvemoor-log");
+    const std::string path = dir / "gamelog.txt";
     openLogAt(path.c_str());
     logLine("Window title set");
     logLine("Loaded %d of %s", 3, "many");
@@ -45,12 +39,12 @@ TEST(Log, HeaderLinesAndTrailer)
     const std::string trailer = "\nStopping logs...\n\n:: End Of LogFile";
     ASSERT_GE(text.size(), trailer.size());
     EXPECT_EQ(text.substr(text.size() - trailer.size()), trailer);
-    unlink(path.c_str());
 }
 
 TEST(Log, FatalErrorEndsWithStatus255AndNoTrailer)
 {
-    std::string path = "/tmp/delvemoor-log-fatal-" + std::to_string(getpid()) + ".txt";
+    ScratchFolder dir("delvemoor-log");
+    const std::string path = dir / "gamelog.txt";
     pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -67,5 +61,4 @@ TEST(Log, FatalErrorEndsWithStatus255AndNoTrailer)
     std::string text = readFile(path);
     EXPECT_NE(text.find("\n# ERROR! # Cannot load gameconfig.cfg!"), std::string::npos);
     EXPECT_EQ(text.find(":: End Of LogFile"), std::string::npos);
-    unlink(path.c_str());
 }

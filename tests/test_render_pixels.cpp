@@ -8,9 +8,9 @@
 #include "render/stars.h"
 #include "render/text.h"
 #include "render/textures.h"
+#include "support/offscreen_gl.h"
 #include "world/level.h"
 
-#include <GL/osmesa.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -67,32 +67,15 @@ static GLint filterOf(TextureId id)
 
 class Pixels : public ::testing::Test {
 protected:
-    static OSMesaContext context;
-    static std::vector<unsigned char> buffer;
-
-    static void SetUpTestSuite()
-    {
-        context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
-        ASSERT_NE(context, nullptr);
-        buffer.assign(SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
-        ASSERT_TRUE(OSMesaMakeCurrent(context, buffer.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
-        setDrawingState();
-        beginFrame2D();
-    }
-
-    static void TearDownTestSuite()
-    {
-        endFrame2D();
-        OSMesaDestroyContext(context);
-    }
-
     void SetUp() override
     {
-        // If libGL had taken the gl* symbols, these calls would go nowhere.
-        ASSERT_NE(glGetString(GL_RENDERER), nullptr);
+        useOffscreenContext();
+        beginFrame2D();
         fill(Black);
         ASSERT_EQ(at(320, 240), Black);
     }
+
+    void TearDown() override { endFrame2D(); }
 
     static void fill(Rgba c)
     {
@@ -133,8 +116,6 @@ protected:
     }
 };
 
-OSMesaContext Pixels::context;
-std::vector<unsigned char> Pixels::buffer;
 
 // Each cell of the sheet gets its own colour, so a glyph shows which cell it
 // was cut from.
@@ -266,49 +247,6 @@ TEST_F(Pixels, OnlyTileSixteenTurns)
     for (auto corner : {std::make_pair(0, 0), std::make_pair(639, 0), std::make_pair(0, 479), std::make_pair(639, 479)})
         EXPECT_EQ(at(corner.first, corner.second), White) << corner.first << "," << corner.second;
     backdropAngle = 0;
-}
-
-TEST_F(Pixels, ClearToBlackOnlyInTheMenuAndCredits)
-{
-    const struct {
-        u32 screen;
-        Rgba after;
-    } cases[] = {
-        {MainMenu, Black}, {CreditsScreen, Black}, {Playing, White}, {Options, White}, {Transition, White},
-    };
-    for (const auto &c : cases) {
-        fill(White);
-        currentScreen = c.screen;
-        clearToBlackFor(currentScreen);
-        EXPECT_EQ(at(0, 0), c.after) << c.screen;
-        EXPECT_EQ(at(639, 479), c.after) << c.screen;
-    }
-    currentScreen = Intro;
-}
-
-TEST_F(Pixels, ResetDrawStateGivesPlainOpaqueWhiteUntextured)
-{
-    // Leave a red texture bound and a dim colour set, as a previous draw would.
-    TextureId red = solid(8, 8, Red);
-    drawTexture(50, 50, red, 0.2f, 0.2f, 0.2f, 0.5f);
-
-    resetDrawState();
-    glBegin(GL_QUADS);
-    glVertex2f(100, 100);
-    glVertex2f(120, 100);
-    glVertex2f(120, 120);
-    glVertex2f(100, 120);
-    glEnd();
-    EXPECT_EQ(at(110, 110), White);
-
-    drawRect(200, 200, 220, 220, 0, 0, 1, 1);
-    EXPECT_EQ(at(210, 210), Blue);
-    EXPECT_EQ(at(199, 210), Black);
-
-    // Half-transparent colours blend with what is below.
-    drawRect(300, 300, 320, 320, 1, 1, 1, 0.5f);
-    Rgba half = at(310, 310);
-    EXPECT_NEAR(half.r, 128, 2);
 }
 
 TEST_F(Pixels, WorldStarsScrollWithTheCameraScreenStarsDoNot)
@@ -461,19 +399,30 @@ TEST_F(Pixels, PicturesDrawnUnblendedLookAsBlendedOnes)
     });
     const TextureId panel = panelPicture(256, 200);
     const TextureId smallPanel = panelPicture(40, 40);
+    // A ring round a clear window, a speck inside it and a dotted top row:
+    // clear texels inside the box that is drawn must stay clear.
+    const TextureId ringed = makePicture(64, 32, [](int x, int y) {
+        const bool ring = x >= 4 && x < 60 && y >= 2 && y < 30 && !(x >= 14 && x < 50 && y >= 8 && y < 24);
+        const bool seen = ring || (x == 30 && y == 15) || (y == 0 && x % 5 == 0);
+        return Rgba{(unsigned char)(255 - x * 3), 90, (unsigned char)(y * 7), (unsigned char)(seen ? 100 + y * 4 : 0)};
+    });
+    const TextureId clear = makePicture(64, 32, [](int, int) { return Rgba{200, 10, 200, 0}; });
     struct Case {
         TextureId texture;
         int w, h;
         float x, y, r, g, b, a;
     };
-    // Whole and half positions, full and part strength, white and tinted.
+    // Whole and half positions, full and part strength, white and tinted,
+    // half off the screen.
     const Case cases[] = {
         {opaque, 128, 128, 100, 100, 1, 1, 1, 1},      {opaque, 128, 128, 240, 120, 0.3f, 0.8f, 1, 1},
         {opaque, 128, 128, 400, 100, 1, 1, 1, 0.5f},   {holes, 64, 64, 560, 100, 1, 1, 1, 1},
         {holes, 64, 64, 560, 200, 0.7f, 1, 0.2f, 1},   {holes, 64, 64, 560, 300, 1, 1, 1, 0.6f},
         {panel, 256, 200, 200, 330, 1, 1, 1, 1},       {panel, 256, 200, 330, 300, 0.9f, 0.6f, 1, 1},
         {panel, 256, 200, 420, 380, 1, 1, 1, 0.8f},    {smallPanel, 40, 40, 40, 440, 1, 1, 1, 1},
-        {panel, 256, 200, 300.5f, 240, 1, 1, 1, 1},
+        {panel, 256, 200, 300.5f, 240, 1, 1, 1, 1},    {ringed, 64, 32, 200, 300, 1, 1, 1, 0.7f},
+        {clear, 64, 32, 300, 200, 1, 1, 1, 1},          {holes, 64, 64, 639, 0, 1, 0.8f, 1, 0.4f},
+        {panel, 256, 200, 639, 479, 1, 1, 1, 1},
     };
     for (const Case &c : cases) {
         shadedBackground();

@@ -7,6 +7,7 @@
 #include "audio/audio.h"
 #include "frontend/screens.h"
 #include "world/catalogue.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 
@@ -249,31 +250,6 @@ TEST(Input, APressIsReportedInOneFrameOutsideTheEditorAndEveryFrameInIt)
     EXPECT_EQ(input.rightHeld, 1);
 }
 
-TEST(Pulses, BreatheBetweenZeroAndOneWithoutClamping)
-{
-    resetPulses();
-    advancePulses();
-    EXPECT_FLOAT_EQ(pulseA, 0.12f);
-    EXPECT_FLOAT_EQ(pulseB, 0.06f);
-    float low = 1, high = 0;
-    bool turnedDown = false;
-    float previous = pulseA;
-    for (int tick = 0; tick < 2000; tick++) {
-        advancePulses();
-        low = std::min(low, pulseA);
-        high = std::max(high, pulseA);
-        if (pulseA < previous)
-            turnedDown = true;
-        previous = pulseA;
-    }
-    EXPECT_TRUE(turnedDown);
-    EXPECT_GT(high, 1.0f) << "no clamping: the value overshoots a little before turning";
-    EXPECT_LT(high, 1.05f);
-    EXPECT_LT(low, 0.0f);
-    EXPECT_GT(low, -0.05f);
-    resetPulses();
-}
-
 TEST(Startup, GameDirectoryAndSoftwareRenderers)
 {
     setDataRootFromExecutable("/opt/games/Delvemoor/Delvemoor");
@@ -293,15 +269,12 @@ TEST(Startup, GameDirectoryAndSoftwareRenderers)
 
 TEST(Launch, StartsProgramsByArgvSoQuotesAndSpacesAreSafe)
 {
-    char dir[] = "/tmp/delvemoor launch 'quoted' XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    std::string marker = std::string(dir) + "/ran";
+    ScratchFolder dir("delvemoor launch 'quoted'");
+    const std::string marker = dir / "ran";
     // touch receives the marker's path as one argument, spaces and quotes included.
     std::string commandLine = "touch \"" + marker + "\"";
     EXPECT_EQ(launchProcess("/usr/bin/touch", commandLine.c_str(), 5), 0);
     EXPECT_EQ(access(marker.c_str(), F_OK), 0);
     EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
     EXPECT_EQ(launchProcess("/usr/bin/touch", nullptr, 0), 1);
-    unlink(marker.c_str());
-    rmdir(dir);
 }

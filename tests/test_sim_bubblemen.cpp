@@ -1,7 +1,7 @@
 // How bubblemen find their own way: walking, turning, falling, lifts, exits,
 // pick-ups and the hazards that kill them. Every level is played through the
 // headless driver from a script, as a player would play it.
-#include "sim_levels.h"
+#include "support/sim_levels.h"
 
 #include "audio/audio.h"
 #include "sim/costlabels.h"
@@ -42,7 +42,7 @@ const Bubbleman &onlyBubbleman()
 TEST(SimBubblemen, EmergesThenWalksLeftAcrossGirdersAndTurnsAtWalls)
 {
     //           x: 0123456789ABCD
-    loadLevel({"B.r..........B",    // row 7: a rocket out of his way
+    loadLevel({"B.T..........B",    // row 7: a rocket out of his way
                "B....P.......B",    // row 8: the pod
                "B#####..#####B",    // row 9: a gap bridged by girders
                "BBBBBBBBBBBBBB"});
@@ -82,7 +82,7 @@ TEST(SimBubblemen, EmergesThenWalksLeftAcrossGirdersAndTurnsAtWalls)
 TEST(SimBubblemen, HaltsBetweenTwoWallsAndWalksOffWhenOneIsBlasted)
 {
     //           x: 0123456789
-    loadLevel({"B.r......B",
+    loadLevel({"B.T......B",
                "B...#P#..B",    // row 8: walled in on both sides
                "B########B",
                "BBBBBBBBBB"});
@@ -109,7 +109,7 @@ TEST(SimBubblemen, TurnsAtBlockersAndWalksThroughSpikesOnTheGround)
     loadLevel({"B........B",
                "B........B",
                "B........B",
-               "B.^P..r..B",    // row 10: spikes left, a rocket far right
+               "B.^P..T..B",    // row 10: spikes left, a rocket far right
                "BBBBBBBBBB"});
     float minX = 1e9f, maxX = -1e9f;
     RunResult result = playWatching("1 hatcher 3 10\n3 blocker 5 10\n5 hatch\n", 600, [&](int) {
@@ -128,7 +128,7 @@ TEST(SimBubblemen, TurnsAtBlockersAndWalksThroughSpikesOnTheGround)
 TEST(SimBubblemen, RidesLiftsThroughCreditsAndOutOfAnExitToTheRocket)
 {
     //           x: 0123456789ABCD
-    loadLevel({"B.........r..B",    // row 7: the rocket on the upper platform
+    loadLevel({"B.........T..B",    // row 7: the rocket on the upper platform
                "B......######B",
                "B......######B",
                "BP.$...######B",    // row 10: pod, credits, the lift's foot at 6
@@ -172,7 +172,7 @@ TEST(SimBubblemen, ParksOnTopOfALiftWithoutExitAfterRisingIntoCredits)
     loadLevel({"B........B",
                "B....$...B",    // row 8: credits above the lift's top
                "B........B",
-               "BP.....r.B",
+               "BP.....T.B",
                "BBBBBBBBBB"});
     RunResult result = run("1 hatcher 1 10\n3 lift 5 10\n5 lift 5 9\n7 hatch\n", 900);
     EXPECT_EQ(result.outcome, RunUnfinished);
@@ -195,9 +195,9 @@ TEST(SimBubblemen, DiesFallingIntoSpikesWaterOrAVortex)
     };
     const std::vector<Case> cases = {
         //      x: 0123456789
-        {"spikes", {"B........B", "BP......rB", "B###.####B", "B###^####B", "BBBBBBBBBB"}, false},
-        {"water", {"B........B", "BP......rB", "B###.####B", "B###~####B", "BBBBBBBBBB"}, false},
-        {"vortex", {"B........B", "B........B", "B........B", "BP..@..r.B", "BBBBBBBBBB"}, true},
+        {"spikes", {"B........B", "BP......TB", "B###.####B", "B###^####B", "BBBBBBBBBB"}, false},
+        {"water", {"B........B", "BP......TB", "B###.####B", "B###~####B", "BBBBBBBBBB"}, false},
+        {"vortex", {"B........B", "B........B", "B........B", "BP..V..T.B", "BBBBBBBBBB"}, true},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
@@ -246,7 +246,7 @@ TEST(SimBubblemen, CellsBeyondTheLevelOrDamagedCountAsSolidAndCreditsNeverWrap)
     // A level file may start with any credits at all: pick-ups on top of the
     // largest keep it there instead of turning it into a debt.
     //           x: 0123456789
-    loadLevel({"B........B", "B........B", "B........B", "BP.$$...rB", "BBBBBBBBBB"}, INT_MAX);
+    loadLevel({"B........B", "B........B", "B........B", "BP.$$...TB", "BBBBBBBBBB"}, INT_MAX);
     RunResult result = run("1 hatcher 1 10\n3 hatch\n", 200);
     EXPECT_EQ(result.outcome, RunUnfinished);
     EXPECT_EQ(currentLevel.terrain[4][10], Empty) << "both pick-ups taken";
@@ -256,7 +256,7 @@ TEST(SimBubblemen, CellsBeyondTheLevelOrDamagedCountAsSolidAndCreditsNeverWrap)
 TEST(SimBubblemen, BoardingPlaysItsSoundsAndCountsHimSaved)
 {
     //           x: 0123456789
-    loadLevel({"B........B", "B........B", "B........B", "BP.r.....B", "BBBBBBBBBB"});
+    loadLevel({"B........B", "B........B", "B........B", "BP.T.....B", "BBBBBBBBBB"});
     int enteringFrom = 0, savedAt = 0;
     bool heardStart = false;
     RunResult result = playWatching("1 hatcher 1 10\n3 hatch\n", 200, [&](int step) {

@@ -1,14 +1,14 @@
 // Whole levels through the headless driver: winning, losing, the level that
 // is over before it starts, the solution format, and that a run repeats
 // exactly.
-#include "sim_levels.h"
+#include "support/sim_levels.h"
 
 #include <sstream>
 
 namespace {
 
 //                      x: 0123456789ABCD
-const std::vector<std::string> liftLevel = {"B.........r..B",
+const std::vector<std::string> liftLevel = {"B.........T..B",
                                             "B......######B",
                                             "B......######B",
                                             "BP.$...######B",
@@ -52,7 +52,7 @@ TEST(SimDriver, WinsWithEveryoneAboardAndLosesOnOneDeath)
     // Two pods: one walks into the rocket, the other off a ledge onto spikes.
     //           x: 0123456789
     loadLevel({"B........B",
-               "BP.r.P...B",
+               "BP.T.P...B",
                "B###.####B",
                "B###^####B",
                "BBBBBBBBBB"});
@@ -188,7 +188,7 @@ TEST(SimDriver, ThePointerReachesOnlyWhatAPlayersCould)
     std::vector<std::string> tall(30, "B............B");
     tall.back() = "BBBBBBBBBBBBBB";
     tall[10][1] = 'P';
-    tall[20][9] = 'r';
+    tall[20][9] = 'T';
     loadLevel(tall);
     RunResult behind = run("1 girder 5 1\n", 10);
     EXPECT_EQ(behind.outcome, RunError);
@@ -202,7 +202,7 @@ TEST(SimDriver, ThePointerReachesOnlyWhatAPlayersCould)
 
     // Launch is heard by the tick after its press, and the press falls on the
     // level under the button too: with the shovel in hand it digs there.
-    loadLevel({"B......B", "B.....rB", "B######B", "BBBBBBBB"});
+    loadLevel({"B......B", "B.....TB", "B######B", "BBBBBBBB"});
     const int32_t credits = mission.credits;
     RunResult launched = run("1 tool shovel\n80 launch\n", 400);
     EXPECT_EQ(launched.outcome, RunWon) << describeRun(launched);

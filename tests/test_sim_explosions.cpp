@@ -1,6 +1,6 @@
 // Dynamite, the chain reactions through radioactive ground and explosive
 // items, the launch panel, and the flying rockets that smash their way out.
-#include "sim_levels.h"
+#include "support/sim_levels.h"
 
 #include "audio/audio.h"
 #include "sim/explosions.h"
@@ -143,9 +143,9 @@ TEST(SimExplosions, ExplosionCellsStayInsideTheLevel)
 TEST(SimExplosions, RocketsSmashEverythingAboveThemOnTheWayOut)
 {
     //           x: 0123456789
-    loadLevel({"B....#..rB",        // row 7: dirt over the left rocket; a second rocket at 8
+    loadLevel({"B....#..TB",        // row 7: dirt over the left rocket; a second rocket at 8
                "B....#...B",
-               "B....r..#B",        // row 9: the left rocket; dirt between the right two
+               "B....T..#B",        // row 9: the left rocket; dirt between the right two
                "B####R###B",
                "BBBBBBBBBB"});
     useToolOnCell(Girder, 8, 8);    // on the dirt between the right-hand rockets
@@ -159,7 +159,7 @@ TEST(SimExplosions, RocketsSmashEverythingAboveThemOnTheWayOut)
     EXPECT_EQ(early.notes[0].text, "(the Launch button is not on the screen)");
     EXPECT_TRUE(flyingRockets.empty());
 
-    loadLevel({"B....#..rB", "B....#...B", "B....r..#B", "B####R###B", "BBBBBBBBBB"});
+    loadLevel({"B....#..TB", "B....#...B", "B....T..#B", "B####R###B", "BBBBBBBBBB"});
     useToolOnCell(Girder, 8, 8);
     currentLevel.structures[5][6] = Girder;
     currentLevel.terrain[8][9] = Rocket;
@@ -192,7 +192,7 @@ TEST(SimExplosions, RocketsSmashEverythingAboveThemOnTheWayOut)
 
 TEST(SimExplosions, LaunchPanelComesInOnceEveryoneIsAboardAndGoesAfterTheClick)
 {
-    loadLevel({"B......B", "B.P..r.B", "B######B", "BBBBBBBB"});
+    loadLevel({"B......B", "B.P..T.B", "B######B", "BBBBBBBB"});
     ASSERT_EQ(mission.podCount, 1);
     // Hidden beyond the right edge, its button with it, and drawing an unmoved
     // panel leaves the button where the reset put it.

@@ -98,29 +98,3 @@ TEST_F(WidgetTest, SlidersFollowTheHeldPointerAndNeverGoToZero)
     updateSlider(s, 248, 200);  // not held: no change
     EXPECT_EQ(s.value, 10);
 }
-
-TEST(Layout, EveryButtonGetsItsTableFramesAndTheToolbarRowIsEvenlySpaced)
-{
-    linkLayoutFrames();
-    EXPECT_EQ(mainNewGameButton.normalFrame, &GuiTextures[6]);
-    EXPECT_EQ(mainNewGameButton.pressedFrame, &GuiTextures[8]);
-    EXPECT_EQ(launchButton.normalFrame, &GuiTextures[3]);
-    EXPECT_EQ(startMissionButton.hoverFrame, &GuiTextures[10]);
-    EXPECT_EQ(previousMissionButton.normalFrame, &GuiTextures[12]);
-    EXPECT_EQ(exitGameButton.normalFrame, &GuiTextures[17]);
-    EXPECT_EQ(editorBottomPairButtons[1].pressedFrame, &GuiTextures[31]);
-    EXPECT_EQ(soundVolumeSlider.filledFrame, &GuiTextures[15]);
-    EXPECT_EQ(soundVolumeSlider.emptyFrame, &GuiTextures[16]);
-    for (int i = 0; i < TOOL_BUTTON_COUNT; i++) {
-        EXPECT_EQ(toolButtons[i].x, 36 + 63 * i);
-        EXPECT_EQ(toolButtons[i].y, 432);
-        EXPECT_EQ(toolButtons[i].normalFrame, &GuiTextures[0]);
-        EXPECT_EQ(editorPaletteButtons[i].normalFrame, &GuiTextures[17]);
-    }
-    for (int i = 0; i < 9; i++)
-        EXPECT_EQ(editorLeftColumnButtons[i].y, 380 - 36 * i);
-    for (const Button &p : planetButtons)
-        EXPECT_EQ(p.clickSound, 0);
-    EXPECT_EQ(mainExitButton.clickSound, 1);
-    EXPECT_EQ(launchButton.width, 128);
-}

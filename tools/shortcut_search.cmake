@@ -1,20 +1,11 @@
 # shortcut_search: plays variations of a level's solution, looking for a win
 # that leaves more credits than the solution does.
 add_executable(shortcut_search ${CMAKE_CURRENT_SOURCE_DIR}/shortcut_search.cpp)
-if(DELVEMOOR_SANITIZE OR DELVEMOOR_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Debug")
-  # The search plays a mission hundreds of times. Under the sanitizers and
-  # coverage of the test tree each run is fifty times slower, so the search
-  # gets a plain, optimised copy of the game code of its own: the same rules,
-  # and the campaign's short search stays a matter of seconds a mission.
-  add_library(shortcut_search_core STATIC EXCLUDE_FROM_ALL ${CORE_SOURCES})
-  target_include_directories(shortcut_search_core PUBLIC
-    $<TARGET_PROPERTY:delvemoor_core,INTERFACE_INCLUDE_DIRECTORIES>)
-  target_compile_definitions(shortcut_search_core PUBLIC
-    $<TARGET_PROPERTY:delvemoor_core,INTERFACE_COMPILE_DEFINITIONS>)
-  target_link_libraries(shortcut_search_core PUBLIC PkgConfig::ALLEGRO OpenGL::GL OpenGL::GLU)
-  set_property(TARGET shortcut_search_core shortcut_search PROPERTY COMPILE_OPTIONS -Wall -Wextra -Werror -O2)
-  set_property(TARGET shortcut_search_core shortcut_search PROPERTY LINK_OPTIONS "")
-  target_link_libraries(shortcut_search PRIVATE shortcut_search_core)
+if(TARGET delvemoor_core_optimised)
+  # The search plays a mission hundreds of times: in the test tree it takes
+  # the optimised copy of the game code, so the campaign's short search stays
+  # a matter of seconds a mission.
+  link_optimised_core(shortcut_search)
 else()
   target_link_libraries(shortcut_search PRIVATE delvemoor_core)
 endif()

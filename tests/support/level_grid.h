@@ -1,50 +1,30 @@
-// Small helpers the level tests share: a grid drawn as text, and a level file
-// written from a grid.
+// Levels drawn as text, the way they look on screen (top row first), for
+// every test that builds one, and level files written from them. One
+// character a cell, the same in every test:
+//   . Empty      # Dirt1      % Dirt2        X Radioactive1  R Rock
+//   * Diamond    H HiddenBlock B Border      P Pod           T Rocket
+//   ^ Spikes     V Vortex     x Radioactive2 $ Credits       ~ Water
+//   1-4 WorldItem1-4          E Explosive
 #pragma once
+
+#include "world/level.h"
 
 #include <string>
 #include <vector>
 
-#include "world/level.h"
+// Cell code n is drawn as character n; of three rocks or diamonds, the first.
+const char CELL_CHARS[] = ".#%XRRR***HBPT^Vx$~1234E";
+static_assert(sizeof CELL_CHARS == CELL_CODE_COUNT + 1, "one character for every cell code");
 
-// Rows of text, top row first; one character per cell:
-//   . Empty  d Dirt1  D Dirt2  r Radioactive1  R Radioactive2  k Rock1
-//   B Border  P Pod  T Rocket  ^ Spikes  V Vortex  $ Credits  ~ Water
-//   1..4 WorldItem1..4  X Explosive  H HiddenBlock  * Diamond1
 inline int32_t cellFromChar(char c)
 {
-    switch (c) {
-    case 'd': return Dirt1;
-    case 'D': return Dirt2;
-    case 'r': return Radioactive1;
-    case 'R': return Radioactive2;
-    case 'k': return Rock1;
-    case 'B': return Border;
-    case 'P': return Pod;
-    case 'T': return Rocket;
-    case '^': return Spikes;
-    case 'V': return Vortex;
-    case '$': return Credits;
-    case '~': return Water;
-    case '1': return WorldItem1;
-    case '2': return WorldItem2;
-    case '3': return WorldItem3;
-    case '4': return WorldItem4;
-    case 'X': return Explosive;
-    case 'H': return HiddenBlock;
-    case '*': return Diamond1;
-    default: return Empty;
-    }
+    const char *found = c ? std::char_traits<char>::find(CELL_CHARS, CELL_CODE_COUNT, c) : nullptr;
+    return found ? (int32_t)(found - CELL_CHARS) : Empty;
 }
 
 inline char charFromCell(int32_t code)
 {
-    const char *chars = ".dDrkkk***HBPT^VR$~1234X";
-    if (code < 0 || code > Explosive)
-        return '?';
-    if (code == Rock2 || code == Rock3)
-        return 'k';
-    return chars[code];
+    return code >= 0 && code < CELL_CODE_COUNT ? CELL_CHARS[code] : '?';
 }
 
 inline Level levelFromRows(const std::vector<std::string> &rows, int planet = 1)
@@ -118,7 +98,7 @@ inline std::vector<std::string> plainRows()
         "..........",
         "..........",
         "..........",
-        "Bddddddd.B",
+        "B#######.B",
         "B........B",
         "BBBBBBBBBB",
     };

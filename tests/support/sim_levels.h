@@ -1,5 +1,5 @@
-// Small levels for the simulation tests, drawn as rows of characters the way
-// they look on screen (top row first), and the driver calls the tests share.
+// Small levels for the simulation tests, drawn as in level_grid.h, and the
+// driver calls the tests share.
 #pragma once
 
 #include "game/mission.h"
@@ -7,40 +7,13 @@
 #include "sim/bubblemen.h"
 #include "game/driver.h"
 #include "world/level.h"
+#include "level_grid.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
 #include <vector>
-
-// . empty   # dirt    % dirt 2  R rock    D diamond  B border  P pod
-// r rocket  ^ spikes  @ vortex  X radioactive 1      x radioactive 2
-// $ credits ~ water   1-4 world items     E explosive
-inline int32_t cellFromChar(char c)
-{
-    switch (c) {
-    case '#': return Dirt1;
-    case '%': return Dirt2;
-    case 'R': return Rock1;
-    case 'D': return Diamond1;
-    case 'B': return Border;
-    case 'P': return Pod;
-    case 'r': return Rocket;
-    case '^': return Spikes;
-    case '@': return Vortex;
-    case 'X': return Radioactive1;
-    case 'x': return Radioactive2;
-    case '$': return Credits;
-    case '~': return Water;
-    case '1': return WorldItem1;
-    case '2': return WorldItem2;
-    case '3': return WorldItem3;
-    case '4': return WorldItem4;
-    case 'E': return Explosive;
-    default: return Empty;
-    }
-}
 
 // The level file text: the header, then the cells column by column. Only the
 // rows below the sky are given; the seven sky rows above them are empty.
