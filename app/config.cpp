@@ -186,14 +186,21 @@ bool writeConfigTo(const char *path)
     return false;
 }
 
-void writeConfig()
+bool tryWriteConfig()
 {
     logLine("Writing gameconfig.cfg...");
     char path[1100];
     snprintf(path, sizeof path, "%s/gameconfig.cfg", DataRoot);
     if (!writeConfigTo(path)) {
         logLine("# ERROR! # Cannot save to gameconfig.cfg!");
-        fatalError("Cannot save to gameconfig.cfg!");
+        return false;
     }
     logLine("Successfully wrote gameconfig.cfg");
+    return true;
+}
+
+void writeConfig()
+{
+    if (!tryWriteConfig())
+        fatalError("Cannot save to gameconfig.cfg!");
 }

@@ -6,6 +6,7 @@
 
 #include <allegro.h>
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -15,6 +16,7 @@ const char GAME_VERSION[] = GAME_VERSION_TEXT;
 // hold the log open after the game has gone.
 static FILE *logFile = nullptr;
 static FatalHook fatalHook = nullptr;
+static std::atomic<int> logSealed{0};
 
 struct OsName {
     int type;
@@ -61,6 +63,7 @@ void openLogAt(const char *path)
 {
     if (logFile)
         fclose(logFile);
+    logSealed = 0;
     logFile = fopen(path, "we");
     if (!logFile)
         fatalError("Cannot create gamelog.txt!");
@@ -85,9 +88,17 @@ void logLine(const char *format, ...)
     va_start(args, format);
     uvszprintf(line, sizeof line, format, args);
     va_end(args);
-    if (!logFile)
+    if (!logFile || logSealed)
         return;
     fprintf(logFile, "\n%s", line);
+    fflush(logFile);
+}
+
+void sealLog()
+{
+    if (!logFile || logSealed.exchange(1))
+        return;
+    fputs("\nStopping logs...\n\n:: End Of LogFile", logFile);
     fflush(logFile);
 }
 
@@ -95,7 +106,7 @@ void closeLog()
 {
     if (!logFile)
         return;
-    fputs("\nStopping logs...\n\n:: End Of LogFile", logFile);
+    sealLog();
     fclose(logFile);
     logFile = nullptr;
 }
