@@ -160,7 +160,8 @@ static void transitionSwitchActions()
         requestMusic(1);
         break;
     case Playing:
-        requestMusic(2);
+        // The level's track is asked for by the level's start, once the
+        // level has loaded: one that fails leaves the menu's track playing.
         enterChosenLevel(transition.from == GameSelect);
         break;
     case GameSelect:

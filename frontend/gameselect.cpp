@@ -222,6 +222,9 @@ void enterChosenLevel(bool fromGameSelect)
         enterGameSelect();
         return;
     }
+    // Only now: asking for the menu's track again while the level's is
+    // pending would not bring it back (the music only hears a change).
+    requestMusic(2);
     blackoutWait(25);
     armLevelBanner();
 }

@@ -52,8 +52,8 @@ extern uint32_t levelReturnScreen;
 void leaveLevel(uint32_t from);
 // What "Retry" on the pause panel loads after resetMission: the selection
 // screen's current level normally; the editor's test-play points it at its
-// own copy of the level.
-extern void (*reloadLevelForRetry)();
+// own copy of the level. False when it could not be loaded.
+extern bool (*reloadLevelForRetry)();
 
 // What the player did in the level, in the terms of a solution script
 // (levels/SOLUTIONS.md): step N is the level's Nth tick. The game screen

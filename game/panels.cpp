@@ -3,6 +3,7 @@
 // buttons listen. None of them acts while a fade is running.
 #include "app/log.h"
 #include "app/screens.h"
+#include "frontend/frontend.h"
 #include "frontend/layout.h"
 #include "frontend/screens.h"
 #include "game/gamescreen.h"
@@ -15,12 +16,12 @@
 
 #include <GL/gl.h>
 
-static void reloadFromSelection()
+static bool reloadFromSelection()
 {
-    loadLevelAt(missionList.currentPath);
+    return loadLevelAt(missionList.currentPath);
 }
 
-void (*reloadLevelForRetry)() = reloadFromSelection;
+bool (*reloadLevelForRetry)() = reloadFromSelection;
 
 static void dimLevel()
 {
@@ -62,9 +63,16 @@ void pausePanelFrame()
             // A fresh copy of the level under the same view; the banner has
             // been seen already.
             resetMission();
-            reloadLevelForRetry();
-            setScreen(Playing);
-            setStatus(StatusMissionRestarted);
+            if (reloadLevelForRetry()) {
+                setScreen(Playing);
+                setStatus(StatusMissionRestarted);
+            } else {
+                // The file went away or changed during play: with nothing
+                // loaded the empty counters would read as a win. Back to the
+                // list, which says why, as a start that fails does.
+                missionMessage = MessageLevelUnreadable;
+                leaveLevel(Paused);
+            }
         } else if (wasClicked(pauseExitButton)) {
             leaveLevel(Paused);
         }
