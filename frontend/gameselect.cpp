@@ -70,6 +70,10 @@ static std::list<CatalogueEntry> &shownList()
 }
 
 // Custom levels are all open; campaign missions only as far as the player came.
+// A title stays inside the list's panel, clear of the arrow that marks the
+// chosen entry; the file keeps its whole title.
+static const int LIST_TITLE_GLYPHS = 15;
+
 static bool entryOpen(const CatalogueEntry &e)
 {
     return !campaignMode || e.missionNumber <= missionsUnlocked;
@@ -342,7 +346,8 @@ static void drawMissionList()
         float y = missionList.y + 16.0f * (missionList.currentIndex - i);
         if (entryOpen(e) && y > 254 && y < 454) {
             glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
-            drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s", e.title.c_str());
+            drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s",
+                     fitText(e.title, LIST_TITLE_GLYPHS).c_str());
         }
         i++;
     }

@@ -8,6 +8,7 @@
 #include "app/screens.h"
 #include "app/startup.h"
 #include "editor/editor.h"
+#include "frontend/frontend.h"
 #include "frontend/screens.h"
 #include "game/camera.h"
 #include "game/mission.h"
@@ -16,6 +17,7 @@
 #include "render/offscreen.h"
 #include "render/stars.h"
 #include "render/textures.h"
+#include "world/catalogue.h"
 #include "world/level.h"
 
 #include <allegro.h>
@@ -184,4 +186,44 @@ TEST_F(EveryPixel, EveryScreenDrawsEveryPixel)
     camY = -400;
     expectEveryPixelDrawn("editor at the top of its level");
     closeEditorSession();
+}
+
+// The selection screen with one custom level of the given title.
+static std::vector<unsigned char> listWithTitle(const char *title)
+{
+    campaignMode = 0;
+    selectedPlanet = 1;
+    missionList.currentIndex = 0;
+    levelLists[4].assign(1, CatalogueEntry{title, 1, "/custom/a.lev", 1});
+    currentScreen = GameSelect;
+    return frameOver(false);
+}
+
+// Whether two frames differ in the columns from x0 to x1.
+static bool differIn(const std::vector<unsigned char> &a, const std::vector<unsigned char> &b, int x0, int x1)
+{
+    for (int y = 0; y < SCREEN_HEIGHT; y++)
+        for (int x = x0; x < x1; x++)
+            for (int k = 0; k < 3; k++)
+                if (a[((size_t)y * SCREEN_WIDTH + x) * 3 + k] != b[((size_t)y * SCREEN_WIDTH + x) * 3 + k])
+                    return true;
+    return false;
+}
+
+// A level's title is the player's own text: it stays inside the list's
+// panel whatever its length, and every character of it shows.
+TEST_F(EveryPixel, ACustomTitleStaysInTheListAndShowsEveryCharacter)
+{
+    const int panelRight = 292;
+    const std::vector<unsigned char> shortTitle = listWithTitle("A");
+    const std::vector<unsigned char> longTitle =
+        listWithTitle("A Title Far Too Long For The List That Would Cross The Whole Screen");
+    EXPECT_TRUE(differIn(shortTitle, longTitle, 0, panelRight));
+    EXPECT_FALSE(differIn(shortTitle, longTitle, panelRight, SCREEN_WIDTH)) << "the title leaves its panel";
+
+    const std::vector<unsigned char> blank = listWithTitle(" ");
+    EXPECT_TRUE(differIn(blank, listWithTitle("\xc3\xa9"), 0, panelRight)) << "an accented letter draws as a gap";
+    EXPECT_TRUE(differIn(blank, listWithTitle("\xff"), 0, panelRight)) << "a stray byte draws as a gap";
+    levelLists[4].clear();
+    campaignMode = 1;
 }
