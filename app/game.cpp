@@ -36,7 +36,7 @@ void runMainLoop()
         samplePointer();
         sampleInput();
         runOwedTicks();
-        clearToBlack();
+        clearToBlackFor(currentScreen);
         renderScreen(currentScreen);
         presentFrame();
         framesThisSecond++;
@@ -124,7 +124,7 @@ int runGame()
     logSoundStartup();
 
     beginFrame2D();
-    runLoadScreen();
+    runLoadScreen(loadEverything);
     endFrame2D();
 
     beginFrame2D();

@@ -22,6 +22,8 @@
 #include "sim/bubblemen.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "world/level.h"
 #include "render/draw.h"
@@ -63,7 +65,7 @@ static double measure(const char *name, void (*tick)(), void (*frame)(), double 
     while (elapsed < seconds) {
         if (tick)
             tick();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
         frame();
         presentFrame();
         frames++;
@@ -223,7 +225,7 @@ static void dumpOne(const std::string &dir, const char *name, void (*tick)(), vo
     for (int i = 0; i < ticks; i++) {
         if (tick)
             tick();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     }
     frame();
     glFinish();

@@ -162,13 +162,15 @@ static void tickModeFade()
     s.modeAlpha = clamp01(s.modeAlpha);
 }
 
-// The campaign's news, taken when the screen next runs: the message is set by
-// the campaign itself, the arrow's explanation belongs to this screen.
+// The campaign's news, taken when the screen next runs, before anything reads
+// the message: the campaign only says a mission opened, the words and the
+// arrow's explanation belong to this screen.
 static void takeCampaignNews()
 {
     if (!missionJustUnlocked)
         return;
     missionJustUnlocked = false;
+    missionMessage = 2;
     if (missionsUnlocked == 2) {
         GameSelectState &s = selectScreen;
         s.arrowHint = 1;
@@ -182,10 +184,9 @@ void gameSelectTick()
 {
     takeCampaignNews();
     tickHint();
-    // Not during a fade: this logic also runs under the veil (even on a fade's
-    // first tick, before the veil has any alpha), and leaving then would strand
-    // the veil over the menu and lose the level being entered.
-    if (input.escape && currentScreen == GameSelect) {
+    // This logic also runs under the veil, where it hears no keys: leaving
+    // then would strand the veil over the menu and lose the level being entered.
+    if (input.escape) {
         setScreen(MainMenu);
         return;
     }
@@ -206,6 +207,19 @@ void gameSelectTick()
 
 // ---------------------------------------------------------------------------
 // The switch actions of the fades into and out of this screen
+
+// "Retry" on the pause panel: the level the selection screen shows is the
+// one in play. When it went away or changed during play, the list will say
+// why, as after a start that fails.
+static bool reloadFromSelection()
+{
+    if (loadLevelAt(missionList.currentPath))
+        return true;
+    missionMessage = MessageLevelUnreadable;
+    return false;
+}
+
+bool (*reloadLevelForRetry)() = reloadFromSelection;
 
 void enterGameSelect()
 {

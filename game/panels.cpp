@@ -3,10 +3,9 @@
 // buttons listen. None of them acts while a fade is running.
 #include "app/log.h"
 #include "app/screens.h"
-#include "frontend/frontend.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/gamescreen.h"
+#include "game/panels.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "render/draw.h"
@@ -15,13 +14,6 @@
 #include "world/passwords.h"
 
 #include <GL/gl.h>
-
-static bool reloadFromSelection()
-{
-    return loadLevelAt(missionList.currentPath);
-}
-
-bool (*reloadLevelForRetry)() = reloadFromSelection;
 
 static void dimLevel()
 {
@@ -68,9 +60,7 @@ void pausePanelFrame()
                 setStatus(StatusMissionRestarted);
             } else {
                 // The file went away or changed during play: with nothing
-                // loaded the empty counters would read as a win. Back to the
-                // list, which says why, as a start that fails does.
-                missionMessage = MessageLevelUnreadable;
+                // loaded the empty counters would read as a win.
                 leaveLevel(Paused);
             }
         } else if (wasClicked(pauseExitButton)) {
