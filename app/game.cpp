@@ -1,4 +1,5 @@
 #include "app/game.h"
+#include "app/atomic_write.h"
 #include "app/config.h"
 #include "app/launch.h"
 #include "app/log.h"
@@ -6,10 +7,12 @@
 #include "app/signals.h"
 #include "app/startup.h"
 #include "app/xsession.h"
+#include "app/gamedir.h"
 #include "editor/editor.h"
 #include "frontend/frontend.h"
 #include "render/draw.h"
 #include "render/textures.h"
+#include "world/catalogue.h"
 
 #include <allegro.h>
 #include <alleggl.h>
@@ -17,7 +20,9 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 
 // Closing the window is the player's way of saying "quit now": the game ends
@@ -110,11 +115,25 @@ void shutDown()
     closeLog();
 }
 
+// A save cut short by a kill leaves its hidden temporary file behind; the
+// file it was to replace is whole, so the leftover only takes up room.
+static void removeLeftoversOfInterruptedSaves()
+{
+    const std::string folders[] = {DataRoot, customLevelFolder()};
+    for (const std::string &folder : folders) {
+        std::vector<std::string> removed;
+        removeStaleTemporaries(folder, &removed);
+        for (const std::string &name : removed)
+            logLine("Removed %s/%s, left by a save that was cut short", folder.c_str(), name.c_str());
+    }
+}
+
 int runGame()
 {
     noteInheritedSignals();
     startLibraries();
     installQuitSignals();
+    removeLeftoversOfInterruptedSaves();
     readConfig();
     setVideoMode();
     LOCK_VARIABLE(closeButtonPressed);

@@ -2,6 +2,7 @@
 // per noteworthy step, and a trailer when the game ends normally.
 
 #include "app/log.h"
+#include "app/atomic_write.h"
 #include "app/gamedir.h"
 
 #include <allegro.h>
@@ -9,6 +10,9 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
 
 const char GAME_VERSION[] = GAME_VERSION_TEXT;
 
@@ -64,9 +68,20 @@ void openLogAt(const char *path)
     if (logFile)
         fclose(logFile);
     logSealed = 0;
-    logFile = fopen(path, "we");
-    if (!logFile)
+    logFile = nullptr;
+    // Only ever a plain file: a named pipe in its place would block the game
+    // before it could say anything. The log cannot hold its own error line,
+    // so the terminal gets it.
+    std::string why;
+    const int fd = openPlainFile(path, O_WRONLY | O_CREAT | O_TRUNC, &why);
+    if (fd >= 0)
+        logFile = fdopen(fd, "w");
+    if (!logFile) {
+        if (fd >= 0)
+            close(fd);
+        fprintf(stderr, "# ERROR! # Cannot create %s: %s\n", path, why.c_str());
         fatalError("Cannot create gamelog.txt!");
+    }
     fprintf(logFile, ":: Delvemoor Game Log\n");
     fprintf(logFile, "GAME_VERSION: %s\n", GAME_VERSION);
     fprintf(logFile, "OS: %s (v%d.%d)\n", osTypeName(os_type), os_version, os_revision);
