@@ -62,10 +62,12 @@ wait_for_line() {  # wait_for_line <file> <text> <seconds>
 }
 
 # The boxes a player saw, one a line; the video mode's notice is the one box
-# a software renderer shows on every start.
+# a software renderer shows on every start, and the sound's the one a machine
+# without a sound device shows.
 VIDEO_BOX="Failed to set requested Video Mode. Trying alternatives..."
+SOUND_BOX="Could not initialize sound devices."
 boxes_other_than_video() {  # boxes_other_than_video <xmessage log>
-    grep -vF -- "$VIDEO_BOX" "$1" 2>/dev/null
+    grep -vF -e "$VIDEO_BOX" -e "$SOUND_BOX" "$1" 2>/dev/null
 }
 errors_logged_twice() {  # errors_logged_twice <gamelog>
     grep '^# ERROR! #' "$1" | sort | uniq -d

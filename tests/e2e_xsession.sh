@@ -2,7 +2,8 @@
 # The X session ending under the real game: the X server killed (a logout),
 # the game's client killed by the desktop (xdotool windowkill) and its window
 # destroyed outright. Each time the game must end within about a second, with
-# status 0, its settings written and its log closed.
+# status 0, its settings written and its log closed. On a machine without a
+# sound device the same runs check that the player is told there is no sound.
 #   e2e_xsession.sh <game dir> <close_window tool> <work dir>
 set -u
 GAME_DIR=$1
@@ -93,6 +94,17 @@ run_case() {
     check "$name: the log ends with its trailer" test "$(tail -c 17 "$dir/gamelog.txt")" = ":: End Of LogFile"
     check "$name: no X error report" bash -c "! grep -q 'X Error of failed request' '$WORK/$name.out'"
     check "$name: no sanitizer report" bash -c "! grep -q 'Sanitizer' '$WORK/$name.out'"
+    # Without a sound device the library's silent driver is no sound at all:
+    # the player is told, in the log and in a box.
+    if no_sound_device; then
+        check "$name: no sound device is logged" grep -qF "# ERROR! # Could not initialize sound devices." "$dir/gamelog.txt"
+        check "$name: no sound device is shown" grep -qF "Could not initialize sound devices." "$XMESSAGE_LOG"
+    fi
+}
+
+no_sound_device() {
+    ! compgen -G '/dev/snd/pcmC*' > /dev/null && [ -z "${PULSE_SERVER:-}" ] &&
+        [ ! -S "${XDG_RUNTIME_DIR:-/nonexistent}/pulse/native" ]
 }
 
 run_case server server
