@@ -332,6 +332,10 @@ if [ "$SOFTWARE" = 1 ]; then
     check "drivers: no shut-down ran" bash -c "! grep -qF 'End Of LogFile' '$G/gamelog.txt'"
     check "drivers: the manual's drivers page opens" wait_for_line "$XDG_OPEN_LOG" "arg file://$G/manual.html#drivers" 30
     check "drivers: the advice reaches a box" grep -qF "software renderer" "$XMESSAGE_LOG"
+    # Firmware is where Debian 12 keeps it; a video-decoding driver does
+    # nothing for OpenGL.
+    check "drivers: the firmware's section is named" grep -qF "non-free-firmware" "$XMESSAGE_LOG"
+    check "drivers: no video-decoding driver is offered" bash -c "! grep -q 'va-driver' '$XMESSAGE_LOG'"
     check "drivers: nothing of the game is open in the opener" opener_holds_only_its_own
 fi
 
