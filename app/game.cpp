@@ -3,6 +3,7 @@
 #include "app/config.h"
 #include "app/launch.h"
 #include "app/log.h"
+#include "app/paths.h"
 #include "app/screens.h"
 #include "app/signals.h"
 #include "app/startup.h"
@@ -12,7 +13,6 @@
 #include "frontend/frontend.h"
 #include "render/draw.h"
 #include "render/textures.h"
-#include "world/catalogue.h"
 
 #include <allegro.h>
 #include <alleggl.h>
@@ -113,7 +113,8 @@ void shutDown()
 // file it was to replace is whole, so the leftover only takes up room.
 static void removeLeftoversOfInterruptedSaves()
 {
-    const std::string folders[] = {DataRoot, customLevelFolder()};
+    const std::string config = playerFilePath(PlayerConfig);
+    const std::string folders[] = {config.substr(0, config.find_last_of('/')), playerFilePath(PlayerCustomFolder)};
     for (const std::string &folder : folders) {
         std::vector<std::string> removed;
         removeStaleTemporaries(folder, &removed);

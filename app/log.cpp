@@ -3,7 +3,7 @@
 
 #include "app/log.h"
 #include "app/atomic_write.h"
-#include "app/gamedir.h"
+#include "app/paths.h"
 
 #include <allegro.h>
 
@@ -58,9 +58,7 @@ static const char *osTypeName(int type)
 
 void openLog()
 {
-    char path[1100];
-    snprintf(path, sizeof path, "%s/gamelog.txt", DataRoot);
-    openLogAt(path);
+    openLogAt(playerFilePath(PlayerLog).c_str());
 }
 
 void openLogAt(const char *path)

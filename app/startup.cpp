@@ -3,7 +3,9 @@
 #include "app/startup.h"
 #include "app/config.h"
 #include "app/log.h"
+#include "app/paths.h"
 #include "app/screens.h"
+#include "app/window_icon.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
 #include "frontend/widgets.h"
@@ -51,6 +53,7 @@ static bool startSound()
 
 void startLibraries()
 {
+    nameGameWindow();
     if (allegro_init() != 0) {
         // No log and no message box can exist yet (under Linux this is what
         // happens without an X display), so the terminal is told why.
@@ -66,6 +69,7 @@ void startLibraries()
     setDataRootFromExecutable(executable);
 
     openLog();
+    preparePlayerFiles();
 
     set_window_title("Delvemoor");
     logLine("Window title set");
@@ -231,6 +235,7 @@ void setVideoMode()
     logLine("Setting up polygon mode...");
     setDrawingState();
     glClearColor(0, 0, 0, 0);
+    setGameWindowIcon();
     logLine("Graphical/Video Mode setup completed!");
 }
 
