@@ -28,6 +28,10 @@ enum WriteFailure : int32_t {
 WriteFailure writeFileAtomically(const std::string &path, const std::string &text,
                                  bool replaceExisting, std::string *detail);
 
+// The rename that puts a finished file in place of the old one; a test puts
+// a failing one here to stand for a crash between two saves.
+extern int (*renameWrittenFile)(const char *from, const char *to);
+
 // Opens path (flags as for open(2), O_CREAT allowed, O_TRUNC honoured) only
 // if it is a plain file, or a link to one: a named pipe or a device would
 // block the game or feed it endless bytes, and a folder is no file. Never
