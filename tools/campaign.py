@@ -16,6 +16,11 @@ Every mission is a map in levels/maps with its winning script beside it
         rockets, credits, tools, and what its solution spends and takes.
     campaign.py sheet --levelshot BIN --out PNG [--work DIR]
         one picture with every mission in it, drawn by levelshot.
+    campaign.py search --shortcut-search BIN [--seconds S] [--runs N] [--jobs J]
+                       [--record FILE] [--fail-above C] [NAME ...]
+        plays variations of every mission's solution (or the named ones),
+        looking for a win with more credits left; --record writes what it
+        found to the file the table reads (levels/SHORTCUTS.tsv).
 
 --maps DIR names the maps folder (default: the repository's levels/maps).
 """
@@ -31,6 +36,7 @@ import levelmaps  # noqa: E402
 
 REPO = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 MAPS = os.path.join(REPO, "levels", "maps")
+SHORTCUTS = os.path.join(REPO, "levels", "SHORTCUTS.tsv")
 POD, ROCKET = 12, 13
 TICK_LIMIT = 20000          # levelcheck's own default: 500 seconds of play
 IDLE_TICKS = 2000           # nothing in a level moves until the player acts
@@ -113,6 +119,8 @@ def prove(args):
         print("naive play: " + out)
         if won:
             faults.append("it is won by the naive play (a hatcher over every pod, hatch, launch)")
+    if args.shortcut_search:
+        faults += short_search(args, name, level)
     for fault in faults:
         print("%s: %s" % (name, fault))
     return 1 if faults else 0
@@ -137,6 +145,16 @@ def count_actions(solution):
     return sum(1 for w in words if len(w) >= 2 and w[1].lower() != "cancel")
 
 
+def tools_used(solution):
+    """The kinds of tool the solution puts to a cell: how many of the
+    game's mechanics the mission asks for together."""
+    names = set(levelmaps.TOOLS) | {"hatcher"}
+    with open(solution) as f:
+        words = [line.split("#", 1)[0].lower().split() for line in f]
+    return {w[1] if w[1] != "tool" else w[2] for w in words
+            if len(w) >= 3 and (w[1] in names or (w[1] == "tool" and w[2] in names))}
+
+
 def table_rows(levelcheck, maps):
     rows = []
     with tempfile.TemporaryDirectory(prefix="campaign-") as tmp:
@@ -150,7 +168,8 @@ def table_rows(levelcheck, maps):
             if os.path.isfile(solution):
                 won, ticks, left, _ = run_levelcheck(levelcheck, lev, script_path=solution)
             rows.append(dict(name=name, level=level, won=won, ticks=ticks, left=left,
-                             actions=count_actions(solution) if os.path.isfile(solution) else None))
+                             actions=count_actions(solution) if os.path.isfile(solution) else None,
+                             tools=tools_used(solution) if os.path.isfile(solution) else set()))
     return rows
 
 
@@ -183,7 +202,39 @@ def flat_planets(rows):
     return out
 
 
-def table_text(rows):
+def finale_of(rows, planet):
+    last = [r for r in rows if r["level"]["planet"] == planet and r["name"][3:5] == "15" and r["won"]]
+    return last[0] if last else None
+
+
+def flat_campaign(rows):
+    """Places where the campaign does not rise: a planet whose first five
+    missions are not, on average, harder than the previous planet's first
+    five (at least as many moves, less to spare), and a finale not bigger
+    than the one before (more moves, no more to spare, at least as many
+    kinds of tool together)."""
+    out = []
+    for planet in range(2, 5):
+        before, now = planet_groups(rows, planet - 1)[0], planet_groups(rows, planet)[0]
+        if len(before) == 5 and len(now) == 5:
+            if mean([r["actions"] for r in now]) < mean([r["actions"] for r in before]):
+                out.append("planet %d: its first five missions take fewer moves than planet %d's" % (planet, planet - 1))
+            if share_left(now) >= share_left(before):
+                out.append("planet %d: its first five missions leave no less to spare than planet %d's" % (
+                    planet, planet - 1))
+        a, b = finale_of(rows, planet - 1), finale_of(rows, planet)
+        if a and b:
+            if b["actions"] <= a["actions"]:
+                out.append("planet %d: its finale takes no more moves than planet %d's" % (planet, planet - 1))
+            if share_left([b]) > share_left([a]):
+                out.append("planet %d: its finale leaves more to spare than planet %d's" % (planet, planet - 1))
+            if len(b["tools"]) < len(a["tools"]):
+                out.append("planet %d: its finale asks for fewer kinds of tool than planet %d's" % (planet, planet - 1))
+    return out
+
+
+def table_text(rows, found=None):
+    found = found or {}
     out = ["# The campaign",
            "",
            "Made by `tools/campaign.py table` from the maps and solutions in",
@@ -194,16 +245,19 @@ def table_text(rows):
            "",
            "Actions are the solution's moves (a tool put down again is not one);",
            "credits left and ticks (40 a second) are what it ends the mission with.",
+           "Best found is the most credits any win left that the shortcut search",
+           "found (`tools/campaign.py search`, recorded in `levels/SHORTCUTS.tsv`).",
            "Each planet closes with its first five and its last five missions side by",
-           "side: the later ones take more moves and leave less to spare.",
+           "side: the later ones take more moves and leave less to spare; each planet",
+           "opens harder than the one before, and each finale is bigger.",
            ""]
     for planet in range(1, 5):
         mine = [r for r in rows if r["level"]["planet"] == planet]
         if not mine:
             continue
         out += ["## Planet %d" % planet, "",
-                "| mission | no. | title | size | pods | rockets | credits | tools offered | actions | credits left | ticks |",
-                "|---|---|---|---|---|---|---|---|---|---|---|"]
+                "| mission | no. | title | size | pods | rockets | credits | tools offered | actions | credits left | best found | ticks |",
+                "|---|---|---|---|---|---|---|---|---|---|---|---|"]
         for r in mine:
             lv = r["level"]
             if r["won"]:
@@ -211,16 +265,21 @@ def table_text(rows):
                 ticks = str(r["ticks"])
             else:
                 left, ticks = "not won", "-"
-            out.append("| %s | %d | %s | %d x %d | %d | %d | %d | %s | %s | %s | %s |" % (
+            best = str(found[r["name"]][1]) if r["name"] in found else "-"
+            out.append("| %s | %d | %s | %d x %d | %d | %d | %d | %s | %s | %s | %s | %s |" % (
                 r["name"], lv["mission"], lv["title"], lv["width"], lv["height"],
                 len(cells(lv, POD)), len(cells(lv, ROCKET)), lv["credits"], offered_tools(lv),
-                "-" if r["actions"] is None else r["actions"], left, ticks))
+                "-" if r["actions"] is None else r["actions"], left, best, ticks))
         first, last = planet_groups(rows, planet)
         out.append("")
         for label, part in (("Missions 1 to 5", first), ("Missions 11 to 15", last)):
             if part:
                 out.append("%s: %.1f actions on average, %.0f %% of the credits left." % (
                     label, mean([r["actions"] for r in part]), 100.0 * share_left(part)))
+        finale = finale_of(rows, planet)
+        if finale:
+            out.append("Finale: %d actions, %.0f %% of the credits left, %d kinds of tool." % (
+                finale["actions"], 100.0 * share_left([finale]), len(finale["tools"])))
         out.append("")
     return "\n".join(out)
 
@@ -234,9 +293,11 @@ def repeated_titles(rows):
 
 def table(args):
     rows = table_rows(args.levelcheck, args.maps)
-    text = table_text(rows)
+    found = read_shortcuts(args.shortcuts)
+    text = table_text(rows, found)
     if args.check:
         faults = ["title used more than once: " + t for t in repeated_titles(rows)] + flat_planets(rows)
+        faults += flat_campaign(rows) + stale_shortcuts(rows, found)
         for line in faults:
             print(line)
         if faults:
@@ -257,6 +318,100 @@ def table(args):
     else:
         sys.stdout.write(text)
     return 0
+
+
+# The shortcut search. A mission whose cheapest win is not its intended
+# idea can be skipped; shortcut_search plays variations of the shipped
+# solution to find such a win before a player does.
+SEARCH_LINE = re.compile(r": shipped (-?\d+) credits left, best found (-?\d+) \(([+-]\d+)\) in (\d+) runs$")
+MARGIN = 100                # what a player may save over the shipped solution by being clever
+SHORT_RUNS = 60             # CI's short search: the single changes to each move, and a few more
+SHORT_SECONDS = 20
+
+
+def search_mission(tool, maps, name, seconds, runs, tmp, extra=()):
+    """Runs the search on one mission; returns (shipped, best, script text)."""
+    level = levelmaps.parse_map(map_path(maps, name))
+    lev = os.path.join(tmp, name + ".LEV")
+    with open(lev, "w") as f:
+        f.write(levelmaps.level_text(level))
+    command = [tool, lev, os.path.join(maps, name + ".solution"), "--seconds", str(seconds)]
+    if runs:
+        command += ["--runs", str(runs)]
+    run = subprocess.run(command + list(extra), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    lines = run.stdout.splitlines()
+    m = SEARCH_LINE.search(lines[0]) if lines else None
+    if not m:
+        return None, None, run.stdout
+    return int(m.group(1)), int(m.group(2)), "\n".join(lines[1:]) + "\n"
+
+
+def short_search(args, name, level):
+    with tempfile.TemporaryDirectory(prefix="campaign-") as tmp:
+        shipped, best, script = search_mission(args.shortcut_search, args.maps, name, SHORT_SECONDS,
+                                               SHORT_RUNS, tmp, ["--quiet"])
+    if shipped is None:
+        return ["the shortcut search did not run: " + script.strip()]
+    print("short search: shipped %d credits left, best found %d" % (shipped, best))
+    if best - shipped > MARGIN:
+        return ["a route leaves %d credits more than its solution (run campaign.py search %s)" %
+                (best - shipped, name)]
+    return []
+
+
+def read_shortcuts(path):
+    """The search's last record: mission -> (shipped, best)."""
+    found = {}
+    if os.path.isfile(path):
+        for line in open(path):
+            words = line.split("#", 1)[0].split()
+            if len(words) == 3:
+                found[words[0]] = (int(words[1]), int(words[2]))
+    return found
+
+
+def search(args):
+    import concurrent.futures
+    names = args.names or mission_maps(args.maps)
+    jobs = args.jobs or os.cpu_count() or 1
+    results, faults = {}, []
+    with tempfile.TemporaryDirectory(prefix="campaign-") as tmp:
+        with concurrent.futures.ThreadPoolExecutor(max_workers=jobs) as pool:
+            work = {name: pool.submit(search_mission, args.shortcut_search, args.maps, name,
+                                      args.seconds, args.runs, tmp) for name in names}
+            for name in names:
+                shipped, best, script = work[name].result()
+                if shipped is None:
+                    faults.append("%s: the search did not run: %s" % (name, script.strip()))
+                    continue
+                results[name] = (shipped, best)
+                print("%s: shipped %d credits left, best found %d (%+d)" % (name, shipped, best, best - shipped))
+                if best > shipped:
+                    print("  " + script.strip().replace("\n", "\n  "))
+                if args.fail_above is not None and best - shipped > args.fail_above:
+                    faults.append("%s: a route leaves %d credits more than its solution" % (name, best - shipped))
+    if args.record:
+        kept = read_shortcuts(args.record)
+        kept.update(results)
+        with open(args.record, "w") as f:
+            f.write("# mission, credits its solution leaves, most the shortcut search found;\n"
+                    "# written by tools/campaign.py search --record\n")
+            for name in sorted(kept):
+                f.write("%s %d %d\n" % (name, kept[name][0], kept[name][1]))
+    for line in faults:
+        print(line)
+    return 1 if faults else 0
+
+
+def stale_shortcuts(rows, found):
+    """Missions whose solution no longer leaves what the search started from."""
+    out = []
+    for r in rows:
+        if r["won"] and (r["name"] not in found or found[r["name"]][0] != r["left"]):
+            out.append("%s: the shortcut search has no record of its solution as it is; run\n"
+                       "  python3 tools/campaign.py search --shortcut-search build/tools/shortcut_search "
+                       "--record levels/SHORTCUTS.tsv %s" % (r["name"], r["name"]))
+    return out
 
 
 def shoot_level(levelshot, lev, work, name):
@@ -320,6 +475,7 @@ def main(argv):
     p.add_argument("--levelcheck", required=True)
     p.add_argument("--datafile", required=True)
     p.add_argument("--strict", action="store_true")
+    p.add_argument("--shortcut-search")
     p = sub.add_parser("naive")
     p.add_argument("map")
     p.add_argument("--ticks", type=int, default=TICK_LIMIT)
@@ -327,10 +483,19 @@ def main(argv):
     p.add_argument("--levelcheck", required=True)
     p.add_argument("--out")
     p.add_argument("--check")
+    p.add_argument("--shortcuts", default=SHORTCUTS)
     p = sub.add_parser("sheet")
     p.add_argument("--levelshot", required=True)
     p.add_argument("--out", required=True)
     p.add_argument("--work")
+    p = sub.add_parser("search")
+    p.add_argument("names", nargs="*")
+    p.add_argument("--shortcut-search", required=True)
+    p.add_argument("--seconds", type=float, default=60)
+    p.add_argument("--runs", type=int, default=0)
+    p.add_argument("--jobs", type=int, default=0)
+    p.add_argument("--record")
+    p.add_argument("--fail-above", type=int)
     args = ap.parse_args(argv)
     try:
         if args.command == "prove":
@@ -340,6 +505,8 @@ def main(argv):
             return 0
         if args.command == "table":
             return table(args)
+        if args.command == "search":
+            return search(args)
         return sheet(args)
     except levelmaps.MapError as e:
         print("campaign: %s" % e, file=sys.stderr)
