@@ -6,12 +6,13 @@ if(DELVEMOOR_SANITIZE OR DELVEMOOR_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Debug")
   # coverage of the test tree each run is fifty times slower, so the search
   # gets a plain, optimised copy of the game code of its own: the same rules,
   # and the campaign's short search stays a matter of seconds a mission.
-  add_library(shortcut_search_core STATIC EXCLUDE_FROM_ALL ${CORE_SOURCES})
+  add_library(shortcut_search_core STATIC EXCLUDE_FROM_ALL ${CORE_SOURCES} ${WINDOW_ICON_DATA})
   target_include_directories(shortcut_search_core PUBLIC
     $<TARGET_PROPERTY:delvemoor_core,INTERFACE_INCLUDE_DIRECTORIES>)
+  target_include_directories(shortcut_search_core PRIVATE ${CMAKE_BINARY_DIR}/generated)
   target_compile_definitions(shortcut_search_core PUBLIC
     $<TARGET_PROPERTY:delvemoor_core,INTERFACE_COMPILE_DEFINITIONS>)
-  target_link_libraries(shortcut_search_core PUBLIC PkgConfig::ALLEGRO OpenGL::GL OpenGL::GLU)
+  target_link_libraries(shortcut_search_core PUBLIC PkgConfig::ALLEGRO OpenGL::GL OpenGL::GLU X11::X11)
   set_property(TARGET shortcut_search_core shortcut_search PROPERTY COMPILE_OPTIONS -Wall -Wextra -Werror -O2)
   set_property(TARGET shortcut_search_core shortcut_search PROPERTY LINK_OPTIONS "")
   target_link_libraries(shortcut_search PRIVATE shortcut_search_core)
