@@ -1,12 +1,19 @@
 #include "app/atomic_write.h"
 
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+// mkstemp's six characters after the name.
+static const size_t TEMPORARY_SUFFIX = 6;
+static const time_t STALE_AFTER_SECONDS = 60;
 
 static WriteFailure failureOf(int error)
 {
@@ -41,9 +48,18 @@ static std::string folderOf(const std::string &path)
 
 int (*renameWrittenFile)(const char *from, const char *to) = rename;
 
-WriteFailure writeFileAtomically(const std::string &path, const std::string &text,
+WriteFailure writeFileAtomically(const std::string &linkOrPath, const std::string &text,
                                  bool replaceExisting, std::string *detail)
 {
+    std::string path = linkOrPath;
+    struct stat given;
+    if (lstat(linkOrPath.c_str(), &given) == 0 && S_ISLNK(given.st_mode)) {
+        char *target = realpath(linkOrPath.c_str(), nullptr);
+        if (!target)
+            return fail(errno, "cannot follow the link", linkOrPath, detail);
+        path = target;
+        free(target);
+    }
     // Hidden, so a folder listing taken during the write (the level
     // catalogue's) passes over it.
     const size_t slash = path.find_last_of('/');
@@ -103,4 +119,68 @@ WriteFailure writeFileAtomically(const std::string &path, const std::string &tex
         close(dir);
     }
     return WriteOk;
+}
+
+int openPlainFile(const char *path, int flags, std::string *why)
+{
+    // Not truncated before it is known to be a plain file: a device might
+    // take the truncation as an order.
+    const bool truncate = (flags & O_TRUNC) != 0;
+    const int fd = open(path, (flags & ~O_TRUNC) | O_NONBLOCK | O_CLOEXEC, 0644);
+    if (fd < 0) {
+        if (why)
+            *why = std::strerror(errno);
+        return -1;
+    }
+    struct stat st = {};
+    if (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        close(fd);
+        if (why)
+            *why = S_ISDIR(st.st_mode) ? "it is a folder, not a file" : "it is not a plain file";
+        return -1;
+    }
+    fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    if (truncate && ftruncate(fd, 0) != 0) {
+        if (why)
+            *why = std::strerror(errno);
+        close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+// ".<name>.XXXXXX" with a name that is not hidden itself and has an
+// extension, as every file the game writes does.
+static bool looksLikeOurTemporary(const std::string &name)
+{
+    if (name.size() < TEMPORARY_SUFFIX + 4 || name[0] != '.' || name[1] == '.')
+        return false;
+    const size_t dot = name.size() - TEMPORARY_SUFFIX - 1;
+    if (name[dot] != '.')
+        return false;
+    for (size_t i = dot + 1; i < name.size(); i++)
+        if (!isalnum((unsigned char)name[i]))
+            return false;
+    const std::string original = name.substr(1, dot - 1);
+    return original.find('.') != std::string::npos && original.find('/') == std::string::npos;
+}
+
+void removeStaleTemporaries(const std::string &folder, std::vector<std::string> *removed)
+{
+    DIR *dir = opendir(folder.c_str());
+    if (!dir)
+        return;
+    const time_t now = time(nullptr);
+    while (const dirent *entry = readdir(dir)) {
+        const std::string name = entry->d_name;
+        if (!looksLikeOurTemporary(name))
+            continue;
+        const std::string path = folder + "/" + name;
+        struct stat st;
+        if (lstat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) || now - st.st_mtime < STALE_AFTER_SECONDS)
+            continue;
+        if (unlink(path.c_str()) == 0 && removed)
+            removed->push_back(name);
+    }
+    closedir(dir);
 }

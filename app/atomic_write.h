@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 // Why a write failed, so the player can be told in words.
 enum WriteFailure : int32_t {
@@ -20,9 +21,26 @@ enum WriteFailure : int32_t {
 // path only if no file has it (WriteExists otherwise), tested and taken in
 // one step. On failure the temporary file is removed, path is untouched, and
 // *detail (if given) says what the system reported.
+//
+// A path that is a symbolic link is written through: the file it names is
+// replaced, the same way, and the link stays. Settings or levels kept
+// elsewhere through a link are never split between the link and its target.
 WriteFailure writeFileAtomically(const std::string &path, const std::string &text,
                                  bool replaceExisting, std::string *detail);
 
 // The rename that puts a finished file in place of the old one; a test puts
 // a failing one here to stand for a crash between two saves.
 extern int (*renameWrittenFile)(const char *from, const char *to);
+
+// Opens path (flags as for open(2), O_CREAT allowed, O_TRUNC honoured) only
+// if it is a plain file, or a link to one: a named pipe or a device would
+// block the game or feed it endless bytes, and a folder is no file. Never
+// blocks while opening. Returns the descriptor (close-on-exec), or -1 with
+// the reason in *why.
+int openPlainFile(const char *path, int flags, std::string *why);
+
+// The hidden ".<name>.XXXXXX" files that writeFileAtomically leaves behind
+// when the game is killed mid-write, removed from folder once a minute old
+// (a younger one may belong to a write in progress). Their names go into
+// *removed.
+void removeStaleTemporaries(const std::string &folder, std::vector<std::string> *removed);

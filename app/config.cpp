@@ -7,6 +7,9 @@
 #include "app/paths.h"
 
 #include <cctype>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -66,6 +69,8 @@ double convertToDouble(const std::string &text)
     return value;
 }
 
+static const size_t CONFIG_READ_LIMIT = 64 * 1024;
+
 static const char *const corruptedLog = "# ERROR! # Config file corrupted. Please reinstall.";
 static const char *const corruptedMessage = "Config file corrupted. Please reinstall.";
 
@@ -92,12 +97,29 @@ static bool readNumber(const std::string &line, size_t column, int *out)
 
 bool readConfigFrom(const char *path, std::string *error)
 {
-    std::ifstream in(path);
-    if (!in.is_open()) {
+    // Opened without blocking and only as a plain file: a named pipe in its
+    // place would hang the game before it could show anything.
+    std::string why;
+    const int fd = openPlainFile(path, O_RDONLY, &why);
+    if (fd < 0) {
+        logLine("# ERROR! # %s: %s", path, why.c_str());
         logLine("# ERROR! # Cannot load gameconfig.cfg!");
         *error = "Cannot load gameconfig.cfg!";
         return false;
     }
+    // Sixteen short lines; anything past this much is not read anyway.
+    std::string text(CONFIG_READ_LIMIT, '\0');
+    size_t got = 0;
+    for (ssize_t n; got < text.size() && (n = read(fd, &text[got], text.size() - got)) != 0; ) {
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0)
+            break;
+        got += (size_t)n;
+    }
+    close(fd);
+    text.resize(got);
+    std::istringstream in(text);
 
     GameSettings read = settings;
     std::string line;
@@ -185,13 +207,20 @@ bool writeConfigTo(const char *path)
     return false;
 }
 
-void writeConfig()
+bool tryWriteConfig()
 {
     logLine("Writing gameconfig.cfg...");
     const std::string path = playerFilePath(PlayerConfig);
     if (!writeConfigTo(path.c_str())) {
         logLine("# ERROR! # Cannot save to gameconfig.cfg!");
-        fatalError("Cannot save to gameconfig.cfg!");
+        return false;
     }
     logLine("Successfully wrote gameconfig.cfg");
+    return true;
+}
+
+void writeConfig()
+{
+    if (!tryWriteConfig())
+        fatalError("Cannot save to gameconfig.cfg!");
 }

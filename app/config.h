@@ -25,6 +25,9 @@ double convertToDouble(const std::string &text);
 
 void readConfig();
 void writeConfig();
+// writeConfig without the fatal stop: false, with the error line logged, when
+// the file cannot be written. For a shut-down that can no longer show a box.
+bool tryWriteConfig();
 
 // The same rules on an explicit path; false with the fatal message in *error.
 bool readConfigFrom(const char *path, std::string *error);

@@ -2,12 +2,17 @@
 // per noteworthy step, and a trailer when the game ends normally.
 
 #include "app/log.h"
+#include "app/atomic_write.h"
 #include "app/paths.h"
 
 #include <allegro.h>
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
 
 const char GAME_VERSION[] = GAME_VERSION_TEXT;
 
@@ -15,6 +20,7 @@ const char GAME_VERSION[] = GAME_VERSION_TEXT;
 // hold the log open after the game has gone.
 static FILE *logFile = nullptr;
 static FatalHook fatalHook = nullptr;
+static std::atomic<int> logSealed{0};
 
 struct OsName {
     int type;
@@ -59,9 +65,21 @@ void openLogAt(const char *path)
 {
     if (logFile)
         fclose(logFile);
-    logFile = fopen(path, "we");
-    if (!logFile)
+    logSealed = 0;
+    logFile = nullptr;
+    // Only ever a plain file: a named pipe in its place would block the game
+    // before it could say anything. The log cannot hold its own error line,
+    // so the terminal gets it.
+    std::string why;
+    const int fd = openPlainFile(path, O_WRONLY | O_CREAT | O_TRUNC, &why);
+    if (fd >= 0)
+        logFile = fdopen(fd, "w");
+    if (!logFile) {
+        if (fd >= 0)
+            close(fd);
+        fprintf(stderr, "# ERROR! # Cannot create %s: %s\n", path, why.c_str());
         fatalError("Cannot create gamelog.txt!");
+    }
     fprintf(logFile, ":: Delvemoor Game Log\n");
     fprintf(logFile, "GAME_VERSION: %s\n", GAME_VERSION);
     fprintf(logFile, "OS: %s (v%d.%d)\n", osTypeName(os_type), os_version, os_revision);
@@ -83,9 +101,17 @@ void logLine(const char *format, ...)
     va_start(args, format);
     uvszprintf(line, sizeof line, format, args);
     va_end(args);
-    if (!logFile)
+    if (!logFile || logSealed)
         return;
     fprintf(logFile, "\n%s", line);
+    fflush(logFile);
+}
+
+void sealLog()
+{
+    if (!logFile || logSealed.exchange(1))
+        return;
+    fputs("\nStopping logs...\n\n:: End Of LogFile", logFile);
     fflush(logFile);
 }
 
@@ -93,7 +119,7 @@ void closeLog()
 {
     if (!logFile)
         return;
-    fputs("\nStopping logs...\n\n:: End Of LogFile", logFile);
+    sealLog();
     fclose(logFile);
     logFile = nullptr;
 }

@@ -11,6 +11,10 @@ void openLog();
 void openLogAt(const char *path);
 void logLine(const char *format, ...) __attribute__((format(printf, 1, 2)));
 void closeLog();
+// The trailer, written and flushed, with the stream left open for the
+// process's end: for a shut-down that may run beside another thread still
+// logging. Lines logged after it are dropped.
+void sealLog();
 bool logIsOpen();
 
 // Shows the message (xmessage under X, stderr without a display), leaves the

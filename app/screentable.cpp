@@ -88,14 +88,22 @@ static void arriveAtMainMenu()
     requestMusic(MenuMusic);
 }
 
+// The last game's message must not show through the second half of the fade,
+// whatever state the editor was left in.
+static void arriveAtLevelEditor()
+{
+    resetStatusLine();
+}
+
 static void arriveAtCredits()
 {
     requestMusic(CreditsMusic);
 }
 
+// The level's track is asked for by the level's start, once the level has
+// loaded: one that fails leaves the menu's track playing.
 static void arriveAtPlaying()
 {
-    requestMusic(LevelMusic);
     enterChosenLevel(transition.from == GameSelect);
 }
 
@@ -111,7 +119,7 @@ static ScreenHandlers screenTable[] = {
     {MainMenu, mainMenuTick, mainMenuFrame, enterMainMenu, arriveAtMainMenu},
     {CreditsScreen, creditsTick, creditsFrame, nullptr, arriveAtCredits},
     {Playing, gameTick, drawGameScreen, enterPlaying, arriveAtPlaying},
-    {LevelEditor, editorTick, editorFrame, enterLevelEditor, nullptr},
+    {LevelEditor, editorTick, editorFrame, enterLevelEditor, arriveAtLevelEditor},
     {Paused, nullptr, pausedFrame, nullptr, nullptr},
     {GameSelect, gameSelectTick, gameSelectFrame, nullptr, arriveAtGameSelect},
     {Options, optionsTick, optionsFrame, nullptr, nullptr},

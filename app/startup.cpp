@@ -38,6 +38,19 @@ static void installOrDie(bool failed, const char *logText, const char *fatalText
     logLine("%s", okText);
 }
 
+// Without a sound device the library's autodetection settles on its silent
+// driver and reports success: the player would hear nothing and be told
+// nothing. The silent driver counts as the failure it is.
+static bool startSound()
+{
+    if (install_sound(DIGI_AUTODETECT, MIDI_NONE, NULL) == -1)
+        return false;
+    if (digi_driver && digi_driver->id != DIGI_NONE)
+        return true;
+    remove_sound();
+    return false;
+}
+
 void startLibraries()
 {
     nameGameWindow();
@@ -72,7 +85,7 @@ void startLibraries()
     installOrDie(jpgalleg_init() == -1, "# ERROR! # Could not initialize JPGAlleg!",
                  "Could not initialize JPGAlleg.\n", "JPGAlleg initialized");
 
-    if (install_sound(DIGI_AUTODETECT, MIDI_NONE, NULL) == -1) {
+    if (!startSound()) {
         soundRetryPending = 1;
         logLine("Could Not Initialize Sound. Will Try Again Later");
     } else {
@@ -83,7 +96,7 @@ void startLibraries()
     logLine("Random seed set successfully!");
 
     if (soundRetryPending) {
-        if (install_sound(DIGI_AUTODETECT, MIDI_NONE, NULL) == -1) {
+        if (!startSound()) {
             logLine("# ERROR! # Could not initialize sound devices. Continuing with them disabled.");
             allegro_message("Could not initialize sound devices.\nSound support disabled.\n\n"
                             "Try restarting the program,\nif the problem persists contact support:\n%s",

@@ -74,7 +74,7 @@ struct TestPlay {
 TestPlay testPlay = {false, {}, NoTool, 0, 0};
 // The painting as its file would read, for the test-play's start and its Retry.
 std::string testPlayText;
-void (*retryOutsideTestPlay)() = nullptr;
+bool (*retryOutsideTestPlay)() = nullptr;
 
 // Whether currentLevel holds the painting (the editor is on screen).
 bool paintingInCurrentLevel = false;
@@ -801,9 +801,9 @@ static bool loadTestPlayLevel()
 }
 
 // "Retry" on the pause panel starts the painting afresh (after its resetMission).
-static void retryTestPlay()
+static bool retryTestPlay()
 {
-    loadTestPlayLevel();
+    return loadTestPlayLevel();
 }
 
 bool startTestPlay()

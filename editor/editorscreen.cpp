@@ -136,6 +136,9 @@ void ensureSession()
     openEditorSession();
     editorScreen.sessionOpen = true;
     editorScreen.entryMessage = statusTarget();
+    // The line starts empty: the last game's message must not show through
+    // the fade, nor stay once the editor is on screen.
+    resetStatusLine();
     editorScreen.panel = NoPanel;
     editorScreen.escapeWasDown = true;     // the Escape that brought us here is not ours
     clearTypedKeys();

@@ -75,6 +75,10 @@ static std::list<CatalogueEntry> &shownList()
 }
 
 // Custom levels are all open; campaign missions only as far as the player came.
+// A title stays inside the list's panel, clear of the arrow that marks the
+// chosen entry; the file keeps its whole title.
+static const int LIST_TITLE_GLYPHS = 15;
+
 static bool entryOpen(const CatalogueEntry &e)
 {
     return !campaignMode || e.missionNumber <= missionsUnlocked;
@@ -210,13 +214,17 @@ void gameSelectTick()
 // The switch actions of the fades into and out of this screen
 
 // "Retry" on the pause panel: the level the selection screen shows is the
-// one in play.
-static void reloadFromSelection()
+// one in play. When it went away or changed during play, the list will say
+// why, as after a start that fails.
+static bool reloadFromSelection()
 {
-    loadLevelAt(missionList.currentPath);
+    if (loadLevelAt(missionList.currentPath))
+        return true;
+    missionMessage = MessageLevelUnreadable;
+    return false;
 }
 
-void (*reloadLevelForRetry)() = reloadFromSelection;
+bool (*reloadLevelForRetry)() = reloadFromSelection;
 
 void enterGameSelect()
 {
@@ -242,6 +250,9 @@ void enterChosenLevel(bool fromGameSelect)
         enterGameSelect();
         return;
     }
+    // Only now: asking for the menu's track again while the level's is
+    // pending would not bring it back (the music only hears a change).
+    requestMusic(2);
     blackoutWait(25);
     armLevelBanner();
 }
@@ -365,8 +376,9 @@ static void drawMissionList()
                 glColor4f(0.5f, 1.0f, 0.5f, missionList.a);
             else
                 glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
-            drawText(MediumFont, missionList.x, y, "%s", e.title.c_str());
-            const float tagX = missionList.x + 10.0f * (float)e.title.size() + 6;
+            const std::string title = fitText(e.title, LIST_TITLE_GLYPHS);
+            drawText(MediumFont, missionList.x, y, "%s", title.c_str());
+            const float tagX = missionList.x + 10.0f * (float)title.size() + 6;
             if (proven && tagX + 36 < 290)
                 drawText(SmallFont, tagX, y + 2, "Proven");
         }

@@ -53,8 +53,9 @@ extern uint32_t levelReturnScreen;
 void leaveLevel(uint32_t from);
 // What "Retry" on the pause panel loads after resetMission: the selection
 // screen's current level normally (frontend/gameselect.cpp provides it); the
-// editor's test-play points it at its own copy of the level.
-extern void (*reloadLevelForRetry)();
+// editor's test-play points it at its own copy of the level. False when it
+// could not be loaded.
+extern bool (*reloadLevelForRetry)();
 
 // What the player did in the level, as a solution script: step N is the
 // level's Nth tick. The game screen appends while recordingPlay is set, so

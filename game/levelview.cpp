@@ -107,6 +107,11 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
     const float ox = viewOriginX(), oy = viewOriginY();
 
     levelViewUpkeep();
+    // The backdrop is see-through in places, and at the top of a level it
+    // ends below the top panel: whatever the last frame left there would
+    // show through (stars leave trails, old messages stay under new ones).
+    // So the view starts from black; in play only the level's band is cleared.
+    glClear(GL_COLOR_BUFFER_BIT);
     drawLevelBackdrop(ox, oy);
     drawTutorialPanel(level, ox, oy);
 

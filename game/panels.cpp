@@ -50,9 +50,14 @@ void pausePanelFrame()
             // A fresh copy of the level under the same view; the banner has
             // been seen already.
             resetMission();
-            reloadLevelForRetry();
-            setScreen(Playing);
-            setStatus(StatusMissionRestarted);
+            if (reloadLevelForRetry()) {
+                setScreen(Playing);
+                setStatus(StatusMissionRestarted);
+            } else {
+                // The file went away or changed during play: with nothing
+                // loaded the empty counters would read as a win.
+                leaveLevel(Paused);
+            }
         } else if (wasClicked(pauseExitButton)) {
             leaveLevel(Paused);
         }

@@ -44,6 +44,36 @@ bool fontCell(unsigned char c, int *column, int *row)
     return false;
 }
 
+static const char REPLACEMENT = '?';
+
+// A UTF-8 continuation byte after a byte beyond ASCII belongs to the
+// character that byte started: it takes no cell of its own.
+static bool continuesCharacter(const char *text, int i)
+{
+    return i > 0 && ((unsigned char)text[i] & 0xC0) == 0x80 && (unsigned char)text[i - 1] >= 0x80;
+}
+
+int glyphCount(const char *text)
+{
+    int count = 0;
+    for (int i = 0; text[i]; i++)
+        if (!continuesCharacter(text, i))
+            count++;
+    return count;
+}
+
+std::string fitText(const std::string &text, int maxGlyphs)
+{
+    std::string drawn;
+    const char *t = text.c_str();
+    for (int i = 0; t[i]; i++)
+        if (!continuesCharacter(t, i))
+            drawn += (unsigned char)t[i] >= 0x80 ? REPLACEMENT : t[i];
+    if ((int)drawn.size() > maxGlyphs)
+        drawn = drawn.substr(0, maxGlyphs > 2 ? maxGlyphs - 2 : 0) + "..";
+    return drawn;
+}
+
 struct TextStyle {
     TextureId texture;
     float x, y;
@@ -91,10 +121,15 @@ static void drawLine(const TextStyle &s, const char *text)
 {
     glLoadIdentity();
     glBegin(GL_QUADS);
+    int place = 0;
     for (int i = 0; text[i]; i++) {
+        if (continuesCharacter(text, i))
+            continue;
+        const unsigned char c = (unsigned char)text[i] >= 0x80 ? REPLACEMENT : text[i];
         int column, row;
-        if (fontCell((unsigned char)text[i], &column, &row))
-            drawGlyph(s, i, column, row);
+        if (fontCell(c, &column, &row))
+            drawGlyph(s, place, column, row);
+        place++;
     }
     glEnd();
 }
@@ -135,7 +170,7 @@ void drawTextCentred(FontSize size, float x, float y, const char *format, ...)
     va_end(args);
     TextStyle style = styleOf(size, x, y);
     bindFont(style.texture);
-    float n = (float)strlen(text);
+    float n = (float)glyphCount(text);
     float advance = style.cellWidth + style.spacing;
     style.x = x - (n * advance - 2 * style.spacing) * 0.5f;
     drawLine(style, text);

@@ -4,6 +4,7 @@
 #include "render/textures.h"
 
 #include <cstdint>
+#include <string>
 
 // The three sheets by the height of their square cells: 16, 12 and 8 pixels.
 // The value is the sheet's FontTextures slot.
@@ -20,3 +21,11 @@ void drawTextCentred(FontSize size, float x, float y, const char *format, ...) _
 
 // The cell of a character in the sheets' mapping: false for characters without one.
 bool fontCell(unsigned char c, int *column, int *row);
+
+// Text from outside the game (a level's title) takes a cell per character:
+// anything beyond ASCII draws as one '?' (a whole UTF-8 sequence too), so a
+// title in another alphabet shows as marks rather than gaps.
+int glyphCount(const char *text);
+// The text as drawn in at most maxGlyphs cells: beyond ASCII as '?', and a
+// longer text cut, with ".." at its end to say so.
+std::string fitText(const std::string &text, int maxGlyphs);

@@ -2,7 +2,8 @@
 """The pages the game ships (the manual and the maker's page) must open
 offline: every link inside a page names an anchor that exists, every link to
 another file and every picture names a file that is in the game directory,
-and nothing reaches out to the network.
+and nothing reaches out to the network. Each page also lays itself out at a
+phone's width.
 
     check_pages.py <game directory> <page>...
 """
@@ -17,8 +18,13 @@ class Page(HTMLParser):
         super().__init__()
         self.ids = set()
         self.refs = []  # (tag, attribute, value, line)
+        self.fits_phone = False  # a viewport at the device's width
+
 
     def handle_starttag(self, tag, attrs):
+        if tag == "meta" and dict(attrs).get("name") == "viewport" and \
+                "width=device-width" in (dict(attrs).get("content") or ""):
+            self.fits_phone = True
         for name, value in attrs:
             if name in ("id", "name") and value:
                 self.ids.add(value)
@@ -45,6 +51,10 @@ def main(argv):
             continue
         parsed[name] = parse(path)
     for name, page in parsed.items():
+        # Without it a phone lays the page out at a desktop's width and
+        # shrinks it to an unreadable size.
+        if not page.fits_phone:
+            problems.append(f"{name}: no viewport at the device's width")
         for tag, attr, value, line in page.refs:
             where = f"{name}:{line}: <{tag} {attr}=\"{value}\">"
             url = urlsplit(value)

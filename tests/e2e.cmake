@@ -8,3 +8,8 @@ add_test(NAME e2e_game
   COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/e2e_game.sh ${GAME_DIR} $<TARGET_FILE:close_window>
           ${CMAKE_BINARY_DIR}/e2e)
 set_tests_properties(e2e_game PROPERTIES ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 600 RUN_SERIAL TRUE)
+
+add_test(NAME e2e_xsession
+  COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/e2e_xsession.sh ${GAME_DIR} $<TARGET_FILE:close_window>
+          ${CMAKE_BINARY_DIR}/e2e_xsession)
+set_tests_properties(e2e_xsession PROPERTIES ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 600 RUN_SERIAL TRUE)

@@ -62,10 +62,12 @@ wait_for_line() {  # wait_for_line <file> <text> <seconds>
 }
 
 # The boxes a player saw, one a line; the video mode's notice is the one box
-# a software renderer shows on every start.
+# a software renderer shows on every start, and the sound's the one a machine
+# without a sound device shows.
 VIDEO_BOX="Failed to set requested Video Mode. Trying alternatives..."
+SOUND_BOX="Could not initialize sound devices."
 boxes_other_than_video() {  # boxes_other_than_video <xmessage log>
-    grep -vF -- "$VIDEO_BOX" "$1" 2>/dev/null
+    grep -vF -e "$VIDEO_BOX" -e "$SOUND_BOX" "$1" 2>/dev/null
 }
 errors_logged_twice() {  # errors_logged_twice <gamelog>
     grep '^# ERROR! #' "$1" | sort | uniq -d
@@ -347,6 +349,10 @@ if [ "$SOFTWARE" = 1 ]; then
     check "drivers: no shut-down ran" bash -c "! grep -qF 'End Of LogFile' '$G/gamelog.txt'"
     check "drivers: the manual's drivers page opens" wait_for_line "$XDG_OPEN_LOG" "arg file://$G/manual.html#drivers" 30
     check "drivers: the advice reaches a box" grep -qF "software renderer" "$XMESSAGE_LOG"
+    # Firmware is where Debian 12 keeps it; a video-decoding driver does
+    # nothing for OpenGL.
+    check "drivers: the firmware's section is named" grep -qF "non-free-firmware" "$XMESSAGE_LOG"
+    check "drivers: no video-decoding driver is offered" bash -c "! grep -q 'va-driver' '$XMESSAGE_LOG'"
     check "drivers: nothing of the game is open in the opener" opener_holds_only_its_own
 fi
 

@@ -89,8 +89,12 @@ check "the game ends with status 0 (got $status)" test "$status" = 0
 check "the log ends with its trailer" test "$(tail -c 17 "$LOG")" = ":: End Of LogFile"
 check "the log names the folders" grep -qxF "Settings: $CONFIG" "$LOG"
 check "the changed setting is in the player's configuration" grep -qx "SCROLLSPEED = 2" "$CONFIG"
-check "no message box was shown but the video mode's" \
-    test -z "$(grep -vF 'Failed to set requested Video Mode' "$XMESSAGE_LOG" 2>/dev/null)"
+# The video mode's notice shows on a software renderer, the sound's on a
+# machine without a sound device: no other box (each box's record starts
+# with the stand-in's first argument).
+check "no message box was shown but the video mode's and the sound's" \
+    test -z "$(grep '^-buttons' "$XMESSAGE_LOG" 2>/dev/null |
+        grep -vF -e 'Failed to set requested Video Mode' -e 'Could not initialize sound devices.')"
 chmod -R u+w "$GAME_FOLDER"
 find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-after"
 check "nothing in the game folder was written" cmp -s "$WORK/game-folder-before" "$WORK/game-folder-after"

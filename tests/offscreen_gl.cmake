@@ -5,7 +5,7 @@
 # One rasteriser thread keeps the software renderer's results and timing
 # independent of the machine.
 pkg_check_modules(OSMESA REQUIRED IMPORTED_TARGET osmesa)
-foreach(name test_frontend_flows test_game_screen test_render_pixels)
+foreach(name test_frontend_flows test_game_screen test_render_pixels test_every_pixel)
   if(TARGET ${name})
     set_property(TARGET ${name} PROPERTY LINK_LIBRARIES
       PkgConfig::OSMESA delvemoor_core GTest::gtest GTest::gtest_main)

@@ -1,6 +1,7 @@
 // The configuration file: its fixed lines and columns, every way it can be
 // damaged, and a write that never leaves a half-written file behind.
 
+#include "app/atomic_write.h"
 #include "app/config.h"
 #include "app/log.h"
 #include "support/scratch.h"
@@ -14,6 +15,8 @@
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/time.h>
+#include <vector>
 #include <unistd.h>
 
 // The configuration file's place in a scratch folder, written with `text`.
@@ -183,4 +186,50 @@ TEST(Config, AFailedWriteKeepsThePreviousFile)
     setrlimit(RLIMIT_FSIZE, &saved);
     EXPECT_FALSE(written);
     EXPECT_EQ(readFile(path), before);
+}
+
+// Only a plain file is read: a named pipe in the file's place used to hang
+// the game for good before it could say anything. A link is written
+// through, so the player's settings stay where the link points; and what a
+// kill during a save left behind is swept up at the next start.
+TEST(Config, OnlyAPlainFileIsReadALinkIsWrittenThroughAndLeftoversGo)
+{
+    const ScratchFolder scratch("delvemoor-config");
+    const std::string dir = scratch.path;
+    std::string error;
+    const std::string pipe = dir + "/pipe.cfg";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0644), 0);
+    ASSERT_EQ(mkdir((dir + "/folder.cfg").c_str(), 0755), 0);
+    alarm(10);  // a hang ends the test as a failure
+    for (const std::string &path : {pipe, dir + "/folder.cfg", std::string("/dev/zero")}) {
+        EXPECT_FALSE(readConfigFrom(path.c_str(), &error)) << path;
+        EXPECT_EQ(error, "Cannot load gameconfig.cfg!");
+    }
+    alarm(0);
+
+    ASSERT_EQ(mkdir((dir + "/kept").c_str(), 0755), 0);
+    const std::string target = dir + "/kept/gameconfig.cfg";
+    writeFile(target, configWith(9, "SCROLLSPEED = 2"));
+    const std::string link = dir + "/gameconfig.cfg";
+    ASSERT_EQ(symlink(target.c_str(), link.c_str()), 0);
+    settings = {0, 1, 9, 1, 4, 4};
+    ASSERT_TRUE(writeConfigTo(link.c_str()));
+    struct stat st;
+    ASSERT_EQ(lstat(link.c_str(), &st), 0);
+    EXPECT_TRUE(S_ISLNK(st.st_mode)) << "the link was replaced by a file of its own";
+    EXPECT_EQ(readFile(target), configText());
+
+    const std::string stale = dir + "/.gameconfig.cfg.Ab3xYz", fresh = dir + "/.gameconfig.cfg.Qw9rTy";
+    const std::string hiddenOfPlayer = dir + "/.notes.abcdef", plain = dir + "/level.Ab3xYz";
+    for (const std::string &path : {stale, fresh, hiddenOfPlayer, plain})
+        std::ofstream(path) << "half";
+    const struct timeval old[2] = {{time(nullptr) - 3600, 0}, {time(nullptr) - 3600, 0}};
+    for (const std::string &path : {stale, hiddenOfPlayer, plain})
+        ASSERT_EQ(utimes(path.c_str(), old), 0);
+    std::vector<std::string> removed;
+    removeStaleTemporaries(dir, &removed);
+    EXPECT_EQ(removed, std::vector<std::string>{".gameconfig.cfg.Ab3xYz"});
+    EXPECT_EQ(access(fresh.c_str(), F_OK), 0) << "a write in progress may own a fresh one";
+    EXPECT_EQ(access(hiddenOfPlayer.c_str(), F_OK), 0);
+    EXPECT_EQ(access(plain.c_str(), F_OK), 0);
 }

@@ -13,6 +13,7 @@
 #include "frontend/screens.h"
 #include "game/gamescreen.h"
 #include "game/mission.h"
+#include "game/status.h"
 #include "render/draw.h"
 #include "world/catalogue.h"
 #include "world/level.h"
@@ -441,6 +442,58 @@ TEST_F(FrontEnd, CustomModeListsTheCustomFolderAndSkipsWhatItCannotRead)
     click(gameModeButton);
     settleFades();
     EXPECT_EQ(campaignMode, 1);
+}
+
+// A custom level edited or removed behind the game's back, at its start and
+// at a Retry: back to the list with the reason, the menu's music on, and no
+// false win on the way.
+TEST_F(FrontEnd, ALevelThatCannotBeReadAgainLeadsBackToTheListWithTheMenuMusic)
+{
+    const std::string folder = root + "/custom";
+    writeFile(folder + "/a-cave.lev", smallLevel("First Cave", 1, 1));
+    writeFile(folder + "/b-cave.lev", smallLevel("Second Cave", 1, 2));
+    newGame();
+    click(gameModeButton);
+    settleFades();
+    ASSERT_EQ(campaignMode, 0);
+    currentTrack = pendingTrack = 0;  // the menu's music is playing
+
+    ASSERT_EQ(nameOf(missionList.currentPath), "a-cave.lev");
+    ASSERT_EQ(unlink((folder + "/a-cave.lev").c_str()), 0);
+    click(startMissionButton);
+    ASSERT_TRUE(settleOn(GameSelect));
+    EXPECT_EQ(missionMessage, MessageLevelUnreadable);
+    EXPECT_EQ(pendingTrack, 0) << "the level's music must not follow the player back to the list";
+
+    ASSERT_EQ(nameOf(missionList.currentPath), "b-cave.lev");
+    startShownMission();
+    EXPECT_EQ(pendingTrack, 2);
+    currentTrack = 2;
+    setScreen(Paused);
+    ASSERT_EQ(unlink((folder + "/b-cave.lev").c_str()), 0);
+    click(pauseRetryButton);
+    for (int i = 0; i < 200 && !(currentScreen == GameSelect && transition.alpha == 0.0f); i++) {
+        frame(0, 0, false);
+        ASSERT_NE(currentScreen, (u32)MissionComplete) << "a level that was not loaded is not won";
+        ASSERT_NE(currentScreen, (u32)Playing);
+    }
+    EXPECT_EQ(currentScreen, (u32)GameSelect);
+    EXPECT_EQ(missionMessage, MessageLevelUnreadable);
+    EXPECT_EQ(pendingTrack, 0);
+
+    // The editor opens on an empty status line, whatever the last game said.
+    setStatus(StatusLaunching);
+    for (int i = 0; i < 30; i++)
+        tickStatus();
+    ASSERT_EQ(statusLine.current, StatusLaunching);
+    setScreen(MainMenu);
+    click(mainEditorButton);
+    for (int i = 0; i < 200 && !(currentScreen == LevelEditor && transition.alpha == 0.0f); i++) {
+        frame(0, 0, false);
+        if (transition.phase == 1 || currentScreen == LevelEditor)
+            ASSERT_EQ(statusLine.current, StatusEmpty) << "the editor shows the last game's message";
+    }
+    EXPECT_EQ(currentScreen, (u32)LevelEditor);
 }
 
 TEST_F(FrontEnd, AFolderOfThousandsOfFilesIsReadOnlyAsFarAsTheLimit)

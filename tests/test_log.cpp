@@ -10,6 +10,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -61,4 +62,25 @@ TEST(Log, FatalErrorEndsWithStatus255AndNoTrailer)
     std::string text = readFile(path);
     EXPECT_NE(text.find("\n# ERROR! # Cannot load gameconfig.cfg!"), std::string::npos);
     EXPECT_EQ(text.find(":: End Of LogFile"), std::string::npos);
+}
+
+// A named pipe where the log belongs used to block the game before anything
+// could be shown: now it is refused with the game's own message.
+TEST(Log, ANamedPipeInTheLogsPlaceIsRefusedNotWaitedOn)
+{
+    const std::string path = "/tmp/delvemoor-log-pipe-" + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(path.c_str(), 0644), 0);
+    pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        unsetenv("DISPLAY");
+        alarm(10);
+        openLogAt(path.c_str());
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    unlink(path.c_str());
+    ASSERT_TRUE(WIFEXITED(status)) << "the game waited on the pipe";
+    EXPECT_EQ(WEXITSTATUS(status), 255);
 }

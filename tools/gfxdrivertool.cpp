@@ -75,20 +75,73 @@ static std::string gameDirectory(const char *argv0)
     return DataRoot[0] ? DataRoot : "/";
 }
 
+// What to do per maker of the card. A software renderer names no card (its
+// strings say Mesa and llvmpipe), so the card is read from the kernel's list
+// of display devices. Mesa's OpenGL drivers for AMD and Intel cards come in
+// libgl1-mesa-dri, which is always installed where the software renderer
+// runs: what is missing there is the card's firmware, which Debian 12 keeps
+// in its non-free-firmware section. NVIDIA's own driver is in non-free.
+struct CardAdvice {
+    unsigned pciVendor;
+    const char *text;
+};
+static const CardAdvice cardAdvice[] = {
+    {0x1002,
+     "  AMD:    add non-free-firmware to the Debian sources, then\n"
+     "          sudo apt update && sudo apt install firmware-amd-graphics\n"},
+    {0x8086,
+     "  Intel:  the OpenGL driver (Mesa) is installed already; make sure the\n"
+     "          kernel does not start with nomodeset, add non-free-firmware to the\n"
+     "          Debian sources, then sudo apt install firmware-misc-nonfree\n"},
+    {0x10de,
+     "  NVIDIA: add non-free and non-free-firmware to the Debian sources, then\n"
+     "          sudo apt update && sudo apt install linux-headers-amd64 nvidia-driver\n"},
+};
+static const char virtualMachineAdvice[] =
+    "  In a virtual machine: turn on 3D acceleration in its display settings.\n";
+
+// The makers of the display devices the kernel lists (PCI vendor ids).
+static std::vector<unsigned> displayCardVendors()
+{
+    std::vector<unsigned> vendors;
+    for (int card = 0; card < 8; card++) {
+        char path[64];
+        snprintf(path, sizeof path, "/sys/class/drm/card%d/device/vendor", card);
+        FILE *f = fopen(path, "r");
+        if (!f)
+            continue;
+        unsigned id = 0;
+        if (fscanf(f, "%x", &id) == 1)
+            vendors.push_back(id);
+        fclose(f);
+    }
+    return vendors;
+}
+
 static std::string advice(const std::string &renderer, const std::string &vendor, const std::string &version)
 {
     std::string text = "OpenGL renderer: " + renderer + "\nOpenGL vendor:   " + vendor +
                        "\nOpenGL version:  " + version + "\n\n";
-    if (isSoftwareRenderer(renderer.c_str()))
-        text += "This is a software renderer: your graphics card's driver is not in use.\n\n"
-                "On Debian and Ubuntu, install the driver for your card:\n"
-                "  AMD:    sudo apt install firmware-amd-graphics libgl1-mesa-dri\n"
-                "  Intel:  sudo apt install libgl1-mesa-dri intel-media-va-driver\n"
-                "  NVIDIA: sudo apt install nvidia-driver   (from the non-free section)\n"
-                "then log out and back in, and run this tool again.\n";
-    else
-        text += "This is a hardware renderer: Delvemoor should run smoothly.\n";
-    return text;
+    if (!isSoftwareRenderer(renderer.c_str()))
+        return text + "This is a hardware renderer: Delvemoor should run smoothly.\n";
+    text += "This is a software renderer: your graphics card's driver is not in use.\n\n"
+            "On Debian 12, for your card:\n";
+    const std::vector<unsigned> vendors = displayCardVendors();
+    bool named = false;
+    for (const CardAdvice &card : cardAdvice)
+        for (unsigned id : vendors)
+            if (id == card.pciVendor && !named) {
+                text += card.text;
+                named = true;
+            }
+    // No card this tool knows: every maker's advice, and the virtual
+    // machine's, whose emulated cards are the usual unknown ones.
+    if (!named) {
+        for (const CardAdvice &card : cardAdvice)
+            text += card.text;
+        text += virtualMachineAdvice;
+    }
+    return text + "then log out and back in, and run this tool again.\n";
 }
 
 int main(int argc, char **argv)
