@@ -5,8 +5,10 @@
 #include "app/screens.h"
 #include "app/signals.h"
 #include "app/startup.h"
+#include "app/window_scale.h"
 #include "editor/editor.h"
 #include "frontend/frontend.h"
+#include "frontend/widgets.h"
 #include "render/draw.h"
 #include "render/textures.h"
 
@@ -76,6 +78,8 @@ int runGame()
     installQuitSignals();
     readConfig();
     setVideoMode();
+    // A click on the black border around an enlarged picture reaches no widget.
+    readMouseButtons = gameMouseButtons;
     LOCK_VARIABLE(closeButtonPressed);
     LOCK_FUNCTION(onCloseButton);
     set_close_button_callback(onCloseButton);

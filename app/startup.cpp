@@ -4,6 +4,7 @@
 #include "app/config.h"
 #include "app/log.h"
 #include "app/screens.h"
+#include "app/window_scale.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
 #include "render/draw.h"
@@ -235,6 +236,7 @@ void setVideoMode()
     logLine("Setting up polygon mode...");
     setDrawingState();
     glClearColor(0, 0, 0, 0);
+    fitWindowToDesktop(!settings.fullscreen);
     logLine("Graphical/Video Mode setup completed!");
 }
 
