@@ -84,6 +84,24 @@ static double measure(const char *name, void (*tick)(), void (*frame)(), double 
     return fps;
 }
 
+// The enlargement alone, over and over: its processor time without the
+// frame's drawing or the flip.
+static void measureEnlargement(double seconds)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    const double cpuStart = processorSeconds();
+    long frames = 0;
+    while (std::chrono::duration<double>(Clock::now() - start).count() < seconds) {
+        enlargeFrame();
+        glFinish();
+        frames++;
+    }
+    const double wall = std::chrono::duration<double>(Clock::now() - start).count();
+    printf("%-28s %6.2f ms a frame, %6.2f ms of processor\n", "  enlargement alone", 1000.0 * wall / frames,
+           1000.0 * (processorSeconds() - cpuStart) / frames);
+}
+
 // One frame of a screen taken apart, each step finished before the next
 // starts: where a scaled frame's time goes.
 static void measureSteps(const char *name, void (*frame)(), double seconds)
@@ -320,6 +338,8 @@ static void measureScreens(double seconds, bool gameOnly)
     buildBusiestLevel();
     measure("game screen, busiest", nullptr, busiestFrame, seconds);
     measureSteps("  its steps", busiestFrame, seconds);
+    if (currentPicture().scale >= 2)
+        measureEnlargement(seconds);
     if (gameOnly) {
         measure("  clear and present only", nullptr, nothingDrawn, seconds);
         measure("  backdrop and stars", nullptr, busiestBackdrop, seconds);

@@ -8,9 +8,12 @@
 // flipped as it always was. A window that is only a little larger (less than
 // twice as large) gets the picture at its own size, drawn straight into the
 // middle through the viewport; a window smaller than the picture gets it
-// drawn through a smaller viewport, shrunk. Shrinking cannot keep every
-// pixel, and nearest filtering decides per picture which rows survive: text
-// stays legible that way, which blurred text would not.
+// drawn through a smaller viewport, shrunk. The frame cannot be copied there
+// (the window's buffer is smaller than the frame), and shrinking cannot keep
+// every pixel anyway: each picture keeps its own filtering, nearest for
+// most, which drops whole rows and columns but keeps text sharp where a
+// blurred copy would smear it. Both ways the screens' scissor goes through
+// scissorPicture, which knows where the frame lies.
 
 #include "render/present.h"
 #include "render/draw.h"
@@ -98,6 +101,21 @@ int presentationWindowHeight()
     return windowHeight;
 }
 
+void scissorPicture(int x, int y, int width, int height)
+{
+    if (enlarged()) {
+        glScissor(x, y, width, height);
+        return;
+    }
+    // Drawn straight into the window through the viewport: the scissor, in
+    // window pixels, goes where the viewport puts the rectangle.
+    const int left = picture.x, bottom = windowHeight - picture.y - picture.height;
+    const int x0 = left + x * picture.width / SCREEN_WIDTH, x1 = left + (x + width) * picture.width / SCREEN_WIDTH;
+    const int y0 = bottom + y * picture.height / SCREEN_HEIGHT;
+    const int y1 = bottom + (y + height) * picture.height / SCREEN_HEIGHT;
+    glScissor(x0, y0, x1 - x0, y1 - y0);
+}
+
 void copyFrameToTexture()
 {
     if (!frameTexture) {
@@ -137,6 +155,7 @@ void drawEnlargedFrame()
     glDisable(GL_ALPHA_TEST);
     glColor4f(1, 1, 1, 1);
     glBindTexture(GL_TEXTURE_2D, frameTexture);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
 
     const float x0 = (float)picture.x, y0 = (float)(windowHeight - picture.y - picture.height);
     const float x1 = x0 + picture.width, y1 = y0 + picture.height;
@@ -152,6 +171,7 @@ void drawEnlargedFrame()
     glVertex2f(x0, y1);
     glEnd();
 
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     glBindTexture(GL_TEXTURE_2D, 0);
     glEnable(GL_BLEND);
     glEnable(GL_ALPHA_TEST);

@@ -22,6 +22,10 @@ const PictureRect &currentPicture();
 int presentationWindowWidth();
 int presentationWindowHeight();
 
+// glScissor for a rectangle of the 640 x 480 picture (x, y from its lower
+// left), wherever the frame is being drawn in the window.
+void scissorPicture(int x, int y, int width, int height);
+
 // The part of presentFrame before the buffer flip: the frame, drawn at
 // 640 x 480 in the lower-left corner, is enlarged over the whole window.
 // Nothing to do when the window is the picture.

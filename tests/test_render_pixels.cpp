@@ -505,6 +505,11 @@ static void drawPatternedFrame()
     drawTexture(300, 250, pattern, 1, 1, 1, 1);
     drawRect(0, 0, 1, 1, 1, 0, 0, 1);
     drawRect(SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 1, 0, 1);
+    // The game screen clips the level to the band between its panels.
+    scissorPicture(40, 30, 100, 60);
+    glEnable(GL_SCISSOR_TEST);
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 1, 1, 0, 1);
+    glDisable(GL_SCISSOR_TEST);
 }
 
 static std::vector<Rgba> readRect(int w, int h)
@@ -524,6 +529,8 @@ TEST_F(Pixels, APictureInALargerWindowIsTheFrameWithEveryPixelEnlarged)
     const std::vector<Rgba> frame = readRect(SCREEN_WIDTH, SCREEN_HEIGHT);
     ASSERT_EQ(frame[0], Red);
     ASSERT_EQ(frame.back(), Green);
+    ASSERT_EQ(frame[(size_t)30 * SCREEN_WIDTH + 40], (Rgba{255, 255, 0, 255}));
+    ASSERT_EQ(frame[(size_t)29 * SCREEN_WIDTH + 40], (Rgba{51, 102, 153, 255}));
 
     struct Case {
         int w, h, scale;
