@@ -4,7 +4,7 @@
 #include "app/config.h"
 #include "app/atomic_write.h"
 #include "app/log.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 
 #include <cctype>
 #include <cstdio>

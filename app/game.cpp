@@ -35,7 +35,7 @@ void runMainLoop()
         samplePointer();
         sampleInput();
         runOwedTicks();
-        clearToBlack();
+        clearToBlackFor(currentScreen);
         renderScreen(currentScreen);
         presentFrame();
         framesThisSecond++;
@@ -86,7 +86,7 @@ int runGame()
     logSoundStartup();
 
     beginFrame2D();
-    runLoadScreen();
+    runLoadScreen(loadEverything);
     endFrame2D();
 
     beginFrame2D();

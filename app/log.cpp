@@ -2,7 +2,7 @@
 // per noteworthy step, and a trailer when the game ends normally.
 
 #include "app/log.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 
 #include <allegro.h>
 

@@ -5,9 +5,7 @@
 #include "app/window_scale.h"
 #include "app/log.h"
 #include "audio/audio.h"
-#include "frontend/screens.h"
 #include "game/mission.h"
-#include "game/status.h"
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/textures.h"
@@ -18,10 +16,6 @@
 u32 currentScreen = Intro;
 TransitionState transition = {0.0f, 0, 0, 0, 0, 0, 0};
 InputSnapshot input = {};
-
-std::atomic<int32_t> tickCounter{0};
-std::atomic<int32_t> framesThisSecond{0};
-std::atomic<int32_t> framesPerSecond{0};
 
 float pulseA = 0.0f, pulseB = 0.0f;
 static float pulseSpeedA = 0.04f, pulseSpeedB = 0.02f;
@@ -34,58 +28,8 @@ byte openWebsiteAfterExit = 0;
 static bool introStarted = false;
 
 // ---------------------------------------------------------------------------
-// Dispatch: one row per screen id in use. A missing handler does nothing.
-
-
-static void pausedFrame()
-{
-    gameScreenFrame();
-    pausePanelFrame();
-}
-
-static void missionCompleteFrame()
-{
-    gameScreenFrame();
-    missionCompletePanelFrame();
-}
-
-static void missionFailedFrame()
-{
-    gameScreenFrame();
-    missionFailedPanelFrame();
-}
-
-static void passwordFrame()
-{
-    gameSelectFrame();
-    passwordPanelFrame();
-}
-
-ScreenHandlers screenTable[] = {
-    {MainMenu, mainMenuTick, mainMenuFrame},
-    {CreditsScreen, creditsTick, creditsFrame},
-    {Playing, gameUpdate, gameScreenFrame},
-    {LevelEditor, editorTick, editorFrame},
-    {Paused, nullptr, pausedFrame},
-    {GameSelect, gameSelectTick, gameSelectFrame},
-    {Options, optionsTick, optionsFrame},
-    {MissionComplete, nullptr, missionCompleteFrame},
-    {Help, nullptr, helpFrame},
-    {MissionFailed, nullptr, missionFailedFrame},
-    {Transition, transitionTick, transitionFrame},
-    {Intro, introTick, introFrame},
-    {SlowDriverWarning, nullptr, slowDriverFrame},
-    {PasswordEntry, passwordEntryTick, passwordFrame},
-    {ExitScreen, exitScreenTick, exitScreenFrame},
-};
-
-ScreenHandlers *handlersFor(u32 id)
-{
-    for (ScreenHandlers &row : screenTable)
-        if (row.id == id)
-            return &row;
-    return nullptr;
-}
+// Dispatch through the screen table (app/screentable.cpp). A missing row or
+// handler does nothing.
 
 void runScreenLogic(u32 id)
 {
@@ -109,35 +53,14 @@ void setScreen(u32 id)
     // The slow-driver warning belongs to start-up alone.
     if (id == SlowDriverWarning)
         return;
-    switch (id) {
-    case MainMenu:
-        missionMessage = 1;
-        resetMission();
-        break;
-    case Playing:
-        setStatus(StatusEmpty);
-        break;
-    case LevelEditor:
-        clear_keybuf();
-        setStatus(StatusEmpty);
-        break;
-    case Transition:
+    if (id == Transition) {
         transition.alpha = 0.0f;
-        setStatus(StatusEmpty);
         transition.phase = 0;
-        break;
-    case MissionComplete:
-        SoundRequest = 8;
-        break;
-    case MissionFailed:
-        SoundRequest = 7;
-        break;
-    default:
-        break;
     }
+    ScreenHandlers *row = handlersFor(id);
+    if (row && row->enter)
+        row->enter();
     currentScreen = id;
-    if (id == Playing)
-        prefillGameStars();
 }
 
 void startTransition(u32 from, u32 to, u32 starfieldMode)
@@ -149,30 +72,21 @@ void startTransition(u32 from, u32 to, u32 starfieldMode)
     transition.starfieldMode = starfieldMode;
 }
 
-static void transitionSwitchActions()
+// A screen run as the `from` or the `to` of a fade hears no key and no press:
+// its handlers see the snapshot with every key flag and press edge cleared,
+// the pointer and the held latches as they are (so what it draws under the
+// veil does not change). No screen has to remember not to act in a fade.
+static void runUnheard(void (*run)(u32), u32 id)
 {
-    switch (transition.to) {
-    case MainMenu:
-        if (transition.from == Intro)
-            blackoutWait(10);
-        requestMusic(0);
-        break;
-    case CreditsScreen:
-        requestMusic(1);
-        break;
-    case Playing:
-        requestMusic(2);
-        enterChosenLevel(transition.from == GameSelect);
-        break;
-    case GameSelect:
-        // The selection screen has the menu's track: back from a level, the
-        // level's track fades out here.
-        enterGameSelect();
-        requestMusic(0);
-        break;
-    default:
-        break;
-    }
+    const InputSnapshot heard = input;
+    InputSnapshot quiet = {};
+    quiet.pointerX = heard.pointerX;
+    quiet.pointerY = heard.pointerY;
+    quiet.leftHeld = heard.leftHeld;
+    quiet.rightHeld = heard.rightHeld;
+    input = quiet;
+    run(id);
+    input = heard;
 }
 
 void transitionTick()
@@ -183,13 +97,16 @@ void transitionTick()
         transition.switchLatch = 1;
 
     if ((double)transition.alpha > 1.2 || transition.phase == 1) {
-        runScreenLogic(transition.to);
+        runUnheard(runScreenLogic, transition.to);
         transition.alpha = (float)(transition.alpha - 0.08);
         transition.phase = 1;
-        if (transition.switchLatch)
-            transitionSwitchActions();
+        if (transition.switchLatch) {
+            ScreenHandlers *row = handlersFor(transition.to);
+            if (row && row->arrive)
+                row->arrive();
+        }
     } else {
-        runScreenLogic(transition.from);
+        runUnheard(runScreenLogic, transition.from);
         transition.alpha = (float)(transition.alpha + 0.08);
     }
 
@@ -210,13 +127,13 @@ static void blackVeil(float alpha)
 void transitionFrame()
 {
     if (transition.phase == 0) {
-        renderScreen(transition.from);
+        runUnheard(renderScreen, transition.from);
         blackVeil(transition.alpha);
         return;
     }
     if (transition.quitWhenDark)
         quitRequested = 1;
-    renderScreen(transition.to);
+    runUnheard(renderScreen, transition.to);
     blackVeil(transition.alpha);
     if (transition.alpha <= 0.0f) {
         setScreen(transition.to);
@@ -239,9 +156,15 @@ bool consumeBlackoutTicks(int *countdown)
     return active;
 }
 
+void clearToBlackFor(u32 screen)
+{
+    if (screen == MainMenu || screen == CreditsScreen)
+        clearToBlack();
+}
+
 static void drawBlackFrame()
 {
-    clearToBlack();
+    clearToBlackFor(currentScreen);
     blackVeil(1.0f);
     presentFrame();
     rest(0);
@@ -380,30 +303,7 @@ void resetPulses()
 }
 
 // ---------------------------------------------------------------------------
-// Timers and the tick section of the main loop
-
-static void tickCallback()
-{
-    tickCounter++;
-}
-END_OF_FUNCTION(tickCallback)
-
-static void secondCallback()
-{
-    framesPerSecond = framesThisSecond.load();
-    framesThisSecond = 0;
-}
-END_OF_FUNCTION(secondCallback)
-
-void installTimers()
-{
-    logLine("Calibrating timers...");
-    LOCK_FUNCTION(tickCallback);
-    LOCK_FUNCTION(secondCallback);
-    install_int_ex(tickCallback, BPS_TO_TIMER(40));
-    install_int_ex(secondCallback, SECS_TO_TIMER(1));
-    logLine("Timers successfully calibrated");
-}
+// The tick section of the main loop
 
 // A stopped process, or a machine waking from sleep, comes back owing every
 // tick of the pause, and played out before the next picture they would be
@@ -422,17 +322,8 @@ void runOwedTicks()
     while (tickCounter > 0) {
         runScreenLogic(currentScreen);
         advancePulses();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
         audioUpdate();
         tickCounter--;
     }
-}
-
-void checkGlError()
-{
-    static const char *const names[] = {"GL_INVALID_ENUM", "GL_INVALID_VALUE", "GL_INVALID_OPERATION",
-                                        "GL_STACK_OVERFLOW", "GL_STACK_UNDERFLOW", "GL_OUT_OF_MEMORY"};
-    GLenum error = glGetError();
-    if (error >= 0x500 && error <= 0x505)
-        logLine("# ERROR! # ERROR: %s", names[error - 0x500]);
 }

@@ -3,7 +3,8 @@
 // change only through setScreen and startTransition.
 #pragma once
 
-#include <atomic>
+#include "app/clock.h"
+
 #include <cstdint>
 
 typedef uint32_t u32;
@@ -65,11 +66,6 @@ extern u32 currentScreen;
 extern TransitionState transition;
 extern InputSnapshot input;
 
-// The only value the timer thread writes.
-extern std::atomic<int32_t> tickCounter;
-extern std::atomic<int32_t> framesThisSecond;
-extern std::atomic<int32_t> framesPerSecond;
-
 extern float pulseA, pulseB;
 
 extern byte quitRequested;
@@ -77,11 +73,14 @@ extern byte openManualRequested;
 extern byte openWebsiteAfterExit;
 
 // One row per screen id in use; the dispatchers do nothing for an id without
-// a row or a row without that handler.
+// a row or a row without that handler. The table stands above every screen
+// (app/screentable.cpp), so no screen needs to know another.
 struct ScreenHandlers {
     u32 id;
     void (*logic)();
     void (*render)();
+    void (*enter)();    // setScreen's entry action
+    void (*arrive)();   // the switch action at the darkest point of a fade into it
 };
 ScreenHandlers *handlersFor(u32 id);
 
@@ -89,6 +88,9 @@ void setScreen(u32 id);
 void startTransition(u32 from, u32 to, u32 starfieldMode);
 void runScreenLogic(u32 id);
 void renderScreen(u32 id);
+
+// The main menu and the credits are wiped to black before they draw.
+void clearToBlackFor(u32 screen);
 
 void samplePointer();
 void sampleInput();
@@ -114,7 +116,3 @@ void resetIntro();
 // audio, for every tick owed, but never more than MAX_TICKS_PER_FRAME.
 extern const int32_t MAX_TICKS_PER_FRAME;
 void runOwedTicks();
-void checkGlError();
-
-// The 40 Hz tick timer and the 1 Hz frame counter ("Calibrating timers...").
-void installTimers();

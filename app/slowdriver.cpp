@@ -3,7 +3,7 @@
 #include "app/launch.h"
 #include "app/screens.h"
 #include "app/startup.h"
-#include "frontend/screens.h"
+#include "app/slowdriver.h"
 #include "frontend/widgets.h"
 #include "render/draw.h"
 #include "render/text.h"

@@ -7,6 +7,7 @@
 #include "app/window_scale.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
+#include "frontend/widgets.h"
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/textures.h"
@@ -22,28 +23,10 @@
 #include <cstring>
 #include <ctime>
 
-char DataRoot[1024];
-
 static unsigned char soundRetryPending = 0;
 
 // Shown when the sound device cannot be opened twice.
 static const char SUPPORT_ADDRESS[] = "the Delvemoor issue tracker (see README.md)";
-
-// Everything from the last separator on goes, the separator too; a bare
-// name leaves the game directory empty.
-void setDataRootFromExecutable(const char *executablePath)
-{
-    strncpy(DataRoot, executablePath, sizeof DataRoot - 1);
-    DataRoot[sizeof DataRoot - 1] = 0;
-    char *cut = nullptr;
-    for (char *p = DataRoot; *p; p++)
-        if (*p == '/' || *p == '\\')
-            cut = p;
-    if (cut)
-        *cut = 0;
-    else
-        DataRoot[0] = 0;
-}
 
 static void installOrDie(bool failed, const char *logText, const char *fatalText, const char *okText)
 {
@@ -261,6 +244,23 @@ void loadGameData()
     syncOptionsWithSettings();
     linkTerrainSet(1);
     prefillStars();
+}
+
+void linkObjectData()
+{
+    logLine("Linking all object data...");
+    // Buttons and sliders keep references to GuiTextures slots, so they draw
+    // whatever those slots hold.
+    linkWidgetFrames();
+    // The status line and the launch panel's text take FontTextures slot 1;
+    // they are linked here once the game screen gives them a font reference.
+    logLine("All object data linked successfully!");
+}
+
+void loadEverything()
+{
+    loadGameData();
+    linkObjectData();
 }
 
 void releaseGameData()

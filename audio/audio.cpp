@@ -6,7 +6,7 @@
 
 #include "app/config.h"
 #include "app/log.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 
 #include <allegro.h>
 

@@ -27,6 +27,8 @@
 #include "sim/bubblemen.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "world/level.h"
 #include "render/draw.h"
@@ -69,7 +71,7 @@ static double measure(const char *name, void (*tick)(), void (*frame)(), double 
     while (elapsed < seconds) {
         if (tick)
             tick();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
         frame();
         presentFrame();
         frames++;
@@ -113,7 +115,7 @@ static void measureSteps(const char *name, void (*frame)(), double seconds)
     const auto start = Clock::now();
     while (std::chrono::duration<double>(Clock::now() - start).count() < seconds) {
         const auto t0 = Clock::now();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
         frame();
         glFinish();
         const auto t1 = Clock::now();
@@ -288,7 +290,7 @@ static void dumpOne(const std::string &dir, const char *name, void (*tick)(), vo
     for (int i = 0; i < ticks; i++) {
         if (tick)
             tick();
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     }
     frame();
     glFinish();

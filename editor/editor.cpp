@@ -542,7 +542,7 @@ void finishTestPlay()
     if (won) {
         std::ostringstream script;
         script << "# " << editorDoc.level.title << ": a winning run played in the level editor\n";
-        writePlayRecord(script);
+        writeSolution(playRecord, script);
         editorProof = EditorProof{true, testPlay.generation, script.str()};
     }
     recordingPlay = false;

@@ -11,7 +11,6 @@
 #include "frontend/frontend.h"
 #include "frontend/layout.h"
 #include "frontend/menuparts.h"
-#include "frontend/screens.h"
 #include "frontend/textentry.h"
 #include "game/camera.h"
 #include "game/levelview.h"

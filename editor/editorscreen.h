@@ -1,7 +1,7 @@
 // The level editor's screen: the paint palette and the buttons under the
 // level, and the panels that open over it (the editor's menu, the level
 // settings, the list of levels to open, and the question about unsaved
-// changes). Its handlers editorTick and editorFrame are in frontend/screens.h.
+// changes).
 #pragma once
 
 #include "editor/editor.h"
@@ -10,6 +10,10 @@
 #include <cstdint>
 #include <string>
 #include <vector>
+
+// The LevelEditor row's handlers.
+void editorTick();
+void editorFrame();
 
 enum EditorPanel : int32_t {
     NoPanel = 0,

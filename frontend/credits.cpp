@@ -66,7 +66,7 @@ const char *const CreditLines[CREDIT_STRING_COUNT] = {
 
 void creditsTick()
 {
-    if ((input.escape || input.space) && transition.alpha == 0.0f && currentScreen == CreditsScreen)
+    if (input.escape || input.space)
         startTransition(CreditsScreen, MainMenu, StarfieldKeep);
     creditScroll += 0.5f;
     if (creditScroll > 1400)

@@ -158,13 +158,15 @@ static void tickModeFade()
     s.modeAlpha = clamp01(s.modeAlpha);
 }
 
-// The campaign's news, taken when the screen next runs: the message is set by
-// the campaign itself, the arrow's explanation belongs to this screen.
+// The campaign's news, taken when the screen next runs, before anything reads
+// the message: the campaign only says a mission opened, the words and the
+// arrow's explanation belong to this screen.
 static void takeCampaignNews()
 {
     if (!missionJustUnlocked)
         return;
     missionJustUnlocked = false;
+    missionMessage = 2;
     if (missionsUnlocked == 2) {
         GameSelectState &s = selectScreen;
         s.arrowHint = 1;
@@ -178,10 +180,9 @@ void gameSelectTick()
 {
     takeCampaignNews();
     tickHint();
-    // Not during a fade: this logic also runs under the veil (even on a fade's
-    // first tick, before the veil has any alpha), and leaving then would strand
-    // the veil over the menu and lose the level being entered.
-    if (input.escape && currentScreen == GameSelect) {
+    // This logic also runs under the veil, where it hears no keys: leaving
+    // then would strand the veil over the menu and lose the level being entered.
+    if (input.escape) {
         setScreen(MainMenu);
         return;
     }
@@ -202,6 +203,15 @@ void gameSelectTick()
 
 // ---------------------------------------------------------------------------
 // The switch actions of the fades into and out of this screen
+
+// "Retry" on the pause panel: the level the selection screen shows is the
+// one in play.
+static void reloadFromSelection()
+{
+    loadLevelAt(missionList.currentPath);
+}
+
+void (*reloadLevelForRetry)() = reloadFromSelection;
 
 void enterGameSelect()
 {

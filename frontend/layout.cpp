@@ -3,7 +3,6 @@
 // built; the screens only use these instances.
 
 #include "frontend/layout.h"
-#include "sim/rockets.h"
 
 static const int LOUD = 1, SILENT = 0;
 

@@ -22,7 +22,8 @@ const int TOOL_BUTTON_COUNT = 10;
 extern Button toolButtons[TOOL_BUTTON_COUNT];
 extern Button hatchPodsButton;
 extern Button gameMenuButton;
-// launchButton (sim/rockets.h) is placed here too; the launch panel moves it.
+// Placed off the screen; the launch panel (game/launchpanel.h) moves it.
+extern Button launchButton;
 
 // Pause panel and the mission-end panels.
 extern Button pauseResumeButton;

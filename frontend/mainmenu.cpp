@@ -52,10 +52,10 @@ static void slideTitle()
 void mainMenuTick()
 {
     stepMarkers();
-    // The shortcut waits for a finished fade: taken during one (even on its
-    // first tick, before the veil has any alpha), it would leave the veil over
-    // the credits, which can only be left once the veil is gone.
-    if (input.right && currentScreen == MainMenu) {
+    // The shortcut waits for a finished fade (a fade's screens hear no keys):
+    // taken during one, it would leave the veil over the credits, which can
+    // only be left once the veil is gone.
+    if (input.right) {
         setScreen(CreditsScreen);
         return;
     }

@@ -1,5 +1,5 @@
-// The logic (per tick) and render (per frame) handlers of every screen, as the
-// screen table of app/screens.cpp calls them.
+// The logic (per tick) and render (per frame) handlers of the screens around
+// the level, as the screen table (app/screentable.cpp) calls them.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,6 @@ void mainMenuTick();
 void mainMenuFrame();
 void creditsTick();
 void creditsFrame();
-void gameUpdate();
-void gameScreenFrame();
-void editorTick();
-void editorFrame();
-void pausePanelFrame();
-void missionCompletePanelFrame();
-void missionFailedPanelFrame();
 void gameSelectTick();
 void gameSelectFrame();
 void optionsTick();
@@ -25,7 +18,6 @@ void passwordEntryTick();
 void passwordPanelFrame();
 void exitScreenTick();
 void exitScreenFrame();
-void slowDriverFrame();
 
 // The switch actions at the darkest point of a fade.
 void enterChosenLevel(bool fromGameSelect);  // into Playing

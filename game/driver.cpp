@@ -16,226 +16,22 @@
 #include "sim/bubblemen.h"
 #include "render/draw.h"
 #include "sim/cells.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 
-#include <cctype>
-#include <cerrno>
-#include <climits>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 namespace {
 
-struct ToolName {
-    int32_t tool;
-    const char *name;
-};
-
-const ToolName toolNames[] = {
-    {Girder, "girder"},
-    {LeftHangingGirder, "left-girder"},
-    {RightHangingGirder, "right-girder"},
-    {Hatcher, "hatcher"},
-    {EnergyLift, "lift"},
-    {LeftLiftExit, "left-exit"},
-    {RightLiftExit, "right-exit"},
-    {Blocker, "blocker"},
-    {Shovel, "shovel"},
-    {Dynamite, "dynamite"},
-};
-
-// Far beyond any tick limit, and small enough that step + 1 cannot overflow.
-const long MAX_STEP = 100000000;
 // Where the pointer rests at the start, and where a right click on the level
 // is made: in the middle of the play band, away from every edge and button.
 const float REST_X = 320, REST_Y = 200;
 // The pointer stays this far inside the screen, short of the edge scrolling.
 const float EDGE_KEEP = 15;
 
-std::string lowered(std::string s)
-{
-    for (char &c : s)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return s;
-}
-
-bool parseNumber(const std::string &word, long lo, long hi, long *value)
-{
-    if (word.empty())
-        return false;
-    errno = 0;
-    char *end = nullptr;
-    const long v = std::strtol(word.c_str(), &end, 10);
-    if (errno != 0 || *end != '\0' || v < lo || v > hi)
-        return false;
-    *value = v;
-    return true;
-}
-
-std::string lineError(int line, const std::string &text)
-{
-    return "line " + std::to_string(line) + ": " + text;
-}
-
-bool parseCell(const std::vector<std::string> &words, size_t first, ScriptAction &a, int line,
-               std::string *error)
-{
-    long x, y;
-    if (words.size() != first + 2 || !parseNumber(words[first], 0, INT_MAX, &x) ||
-        !parseNumber(words[first + 1], 0, INT_MAX, &y)) {
-        if (error)
-            *error = lineError(line, "expected a cell as two numbers, column and row");
-        return false;
-    }
-    a.x = static_cast<int32_t>(x);
-    a.y = static_cast<int32_t>(y);
-    return true;
-}
-
-// One line into one or two actions; a tool with a cell is the toolbar click
-// followed by the click on the cell in the next step.
-bool parseActionLine(const std::vector<std::string> &words, int line, std::vector<ScriptAction> &out,
-                     std::string *error)
-{
-    long step;
-    if (!parseNumber(words[0], 1, MAX_STEP, &step)) {
-        if (error)
-            *error = lineError(line, "the step \"" + words[0] + "\" is not a number from 1 up");
-        return false;
-    }
-    if (words.size() < 2) {
-        if (error)
-            *error = lineError(line, "an action is missing after the step");
-        return false;
-    }
-    ScriptAction a = {};
-    a.step = static_cast<int32_t>(step);
-    a.line = line;
-    const std::string action = lowered(words[1]);
-    if (action == "hatch" || action == "launch" || action == "cancel") {
-        if (words.size() != 2) {
-            if (error)
-                *error = lineError(line, "\"" + action + "\" takes no cell");
-            return false;
-        }
-        a.kind = action == "hatch" ? HatchPodsAction : action == "launch" ? LaunchAction : CancelAction;
-        out.push_back(a);
-        return true;
-    }
-    if (action == "click") {
-        a.kind = ClickCellAction;
-        if (!parseCell(words, 2, a, line, error))
-            return false;
-        out.push_back(a);
-        return true;
-    }
-    if (action == "tool") {
-        a.kind = ChooseToolAction;
-        a.tool = words.size() == 3 ? toolFromName(lowered(words[2])) : NoTool;
-        if (a.tool == NoTool) {
-            if (error)
-                *error = lineError(line, "\"tool\" needs the name of a tool");
-            return false;
-        }
-        out.push_back(a);
-        return true;
-    }
-    const int32_t tool = toolFromName(action);
-    if (tool == NoTool) {
-        if (error)
-            *error = lineError(line, "unknown action \"" + words[1] + "\"");
-        return false;
-    }
-    ScriptAction choose = a;
-    choose.kind = ChooseToolAction;
-    choose.tool = tool;
-    ScriptAction click = a;
-    click.kind = ClickCellAction;
-    click.step = a.step + 1;
-    if (!parseCell(words, 2, click, line, error))
-        return false;
-    out.push_back(choose);
-    out.push_back(click);
-    return true;
-}
-
-std::vector<std::string> splitWords(const std::string &text)
-{
-    std::vector<std::string> words;
-    std::istringstream in(text);
-    std::string w;
-    while (in >> w)
-        words.push_back(w);
-    return words;
-}
-
 } // namespace
-
-int32_t toolFromName(const std::string &name)
-{
-    for (const ToolName &t : toolNames)
-        if (name == t.name)
-            return t.tool;
-    return NoTool;
-}
-
-const char *toolName(int32_t tool)
-{
-    for (const ToolName &t : toolNames)
-        if (tool == t.tool)
-            return t.name;
-    return "none";
-}
-
-bool parseSolution(std::istream &in, Solution &solution, std::string *error)
-{
-    Solution parsed;
-    std::string text;
-    int line = 0;
-    while (std::getline(in, text)) {
-        line++;
-        const size_t hash = text.find('#');
-        if (hash != std::string::npos)
-            text.erase(hash);
-        const std::vector<std::string> words = splitWords(text);
-        if (words.empty())
-            continue;
-        std::vector<ScriptAction> actions;
-        if (!parseActionLine(words, line, actions, error))
-            return false;
-        for (const ScriptAction &a : actions) {
-            // The pointer is in one place at a time: one action per frame.
-            if (!parsed.actions.empty() && a.step <= parsed.actions.back().step) {
-                if (error)
-                    *error = lineError(line, "step " + std::to_string(a.step) +
-                                                 " comes at or before an earlier action's step " +
-                                                 std::to_string(parsed.actions.back().step));
-                return false;
-            }
-            parsed.actions.push_back(a);
-        }
-    }
-    if (in.bad()) {
-        if (error)
-            *error = "the solution could not be read";
-        return false;
-    }
-    solution = parsed;
-    return true;
-}
-
-bool loadSolutionFile(const char *path, Solution &solution, std::string *error)
-{
-    std::ifstream in(path);
-    if (!in.is_open()) {
-        if (error)
-            *error = std::string("cannot open the solution ") + path;
-        return false;
-    }
-    return parseSolution(in, solution, error);
-}
 
 bool loadRunLevelFile(const char *path, std::string *error)
 {
@@ -299,7 +95,7 @@ static bool pointAtCell(const ScriptAction &a, RunResult &result)
 {
     const std::string cell = "cell (" + std::to_string(a.x) + ", " + std::to_string(a.y) + ")";
     if (!inGrid(a.x, a.y)) {
-        result.error = lineError(a.line, cell + " is outside the " + std::to_string(currentLevel.width) +
+        result.error = solutionLineError(a.line, cell + " is outside the " + std::to_string(currentLevel.width) +
                                              " x " + std::to_string(currentLevel.height) + " level");
         return false;
     }
@@ -314,7 +110,7 @@ static bool pointAtCell(const ScriptAction &a, RunResult &result)
     int32_t cx, cy;
     cursorCellAt(static_cast<float>(px), static_cast<float>(py), &cx, &cy);
     if (cx != a.x || cy != a.y || !pointerInPlayBand(static_cast<float>(py))) {
-        result.error = lineError(a.line, cell + " lies behind the display panels, out of the pointer's reach");
+        result.error = solutionLineError(a.line, cell + " lies behind the display panels, out of the pointer's reach");
         return false;
     }
     pointerX = static_cast<float>(px);

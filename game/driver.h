@@ -3,40 +3,12 @@
 // how it ended. It is how a level is proven solvable.
 #pragma once
 
+#include "game/solution.h"
 #include "world/level.h"
 
 #include <cstdint>
-#include <iosfwd>
 #include <string>
 #include <vector>
-
-enum ActionKind : int32_t {
-    ChooseToolAction = 0,   // a click on a toolbar button
-    ClickCellAction = 1,    // a left click on a cell with the tool in hand
-    CancelAction = 2,       // a right click on the level
-    HatchPodsAction = 3,    // "Hatch Pods"
-    LaunchAction = 4,       // the launch panel's "Launch"
-};
-
-struct ScriptAction {
-    int32_t step;       // 1 is the first tick of the level
-    int32_t kind;
-    int32_t tool;       // ChooseToolAction
-    int32_t x, y;       // ClickCellAction
-    int32_t line;       // where it was written, for messages
-};
-
-// One action per step, in step order.
-struct Solution {
-    std::vector<ScriptAction> actions;
-};
-
-// The solution text: one action a line, "step action [cell]", # comments.
-bool parseSolution(std::istream &in, Solution &solution, std::string *error);
-bool loadSolutionFile(const char *path, Solution &solution, std::string *error);
-// The tool for a name of the solution format; NoTool when there is none.
-int32_t toolFromName(const std::string &name);
-const char *toolName(int32_t tool);
 
 // Loading the level to run, into currentLevel and the mission state.
 bool loadRunLevelFile(const char *path, std::string *error);

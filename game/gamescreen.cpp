@@ -6,9 +6,7 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/camera.h"
-#include "game/driver.h"
 #include "game/gametick.h"
 #include "game/levelview.h"
 #include "game/mission.h"
@@ -20,19 +18,20 @@
 #include "sim/bubblemen.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 #include "world/level.h"
 
 #include <GL/gl.h>
-#include <ostream>
 
 // Until a level from the selection screen arms it the banner is idle and a
 // tutorial panel shows at full strength: the editor's test-play arms none.
 IntroBanner introBanner = {false, 0, 0, 0, false, 0, 1, 0};
 int32_t levelTick = 0;
 uint32_t levelReturnScreen = GameSelect;
-std::vector<PlayAction> playRecord;
+std::vector<ScriptAction> playRecord;
 bool recordingPlay = false;
 
 static const float BANNER_MIDDLE_Y = 218;
@@ -78,7 +77,7 @@ void stepIntroBanner()
 static void record(int32_t step, int32_t kind, int32_t tool = 0, int32_t x = 0, int32_t y = 0)
 {
     if (recordingPlay)
-        playRecord.push_back(PlayAction{step, kind, tool, x, y});
+        playRecord.push_back(ScriptAction{step, kind, tool, x, y, 0});
 }
 
 void gameTick()
@@ -104,9 +103,9 @@ void gameTick()
     // same press was taken as a click on the cell beneath: the script's
     // launch makes that click itself.
     if (launchClicked && recordingPlay) {
-        if (!playRecord.empty() && playRecord.back().kind == ActClick && playRecord.back().step == levelTick - 1)
+        if (!playRecord.empty() && playRecord.back().kind == ClickCellAction && playRecord.back().step == levelTick - 1)
             playRecord.pop_back();
-        record(levelTick - 1, ActLaunch);
+        record(levelTick - 1, LaunchAction);
     }
     tickLaunchPanelWith(launchClicked);
     updateBubblemen();
@@ -116,11 +115,6 @@ void gameTick()
     removeGoneRockets();
     launchRockets();
     tickCostLabels();
-}
-
-void gameUpdate()
-{
-    gameTick();
 }
 
 // ---------------------------------------------------------------------------
@@ -196,9 +190,9 @@ static void applyTool(bool drawing)
     edgeScroll();
     if (pointerInPlayBand(input.pointerY) && currentTool != NoTool) {
         if (input.leftPressed)
-            record(levelTick, ActClick, 0, currentLevel.cursorX, currentLevel.cursorY);
+            record(levelTick, ClickCellAction, 0, currentLevel.cursorX, currentLevel.cursorY);
         if (input.rightPressed)
-            record(levelTick, ActCancel);
+            record(levelTick, CancelAction);
     }
     applyToolClicks(input.leftPressed, input.rightPressed, input.pointerY);
     if (drawing)
@@ -220,11 +214,11 @@ void handleGameButtons()
         // flag; here, locked, it is never updated and must not be heard.
         if (toolIsLocked(tool) || !wasClicked(toolButtons[i]))
             continue;
-        record(levelTick, ActTool, tool);
+        record(levelTick, ChooseToolAction, tool);
         chooseTool(tool);
     }
     if (wasClicked(hatchPodsButton)) {
-        record(levelTick, ActHatch);
+        record(levelTick, HatchPodsAction);
         pressHatchPods();
     }
     if (wasClicked(gameMenuButton))
@@ -346,34 +340,11 @@ void runGameFrameWithoutDrawing()
     gameFrame(false);
 }
 
-void gameScreenFrame()
-{
-    drawGameScreen();
-}
-
 // ---------------------------------------------------------------------------
-// Leaving, and the record of play
+// Leaving
 
 void leaveLevel(uint32_t from)
 {
     startTransition(from, levelReturnScreen, StarfieldMenu);
     logLine("Exiting level...");
-}
-
-void writePlayRecord(std::ostream &out)
-{
-    int32_t last = 0;
-    for (const PlayAction &a : playRecord) {
-        const int32_t step = a.step > last ? a.step : last + 1;
-        last = step;
-        out << step << ' ';
-        switch (a.kind) {
-        case ActTool: out << "tool " << toolName(a.tool); break;
-        case ActClick: out << "click " << a.x << ' ' << a.y; break;
-        case ActCancel: out << "cancel"; break;
-        case ActHatch: out << "hatch"; break;
-        default: out << "launch"; break;
-        }
-        out << '\n';
-    }
 }

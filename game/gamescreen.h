@@ -2,8 +2,9 @@
 // and banner. The selection screen's start arms the banner as the level loads.
 #pragma once
 
+#include "game/solution.h"
+
 #include <cstdint>
-#include <iosfwd>
 #include <vector>
 
 // The name band that opens over a freshly entered level, and the fade-in of
@@ -51,24 +52,12 @@ extern uint32_t levelReturnScreen;
 // Leaves the level by a fade from `from` to levelReturnScreen.
 void leaveLevel(uint32_t from);
 // What "Retry" on the pause panel loads after resetMission: the selection
-// screen's current level normally; the editor's test-play points it at its
-// own copy of the level.
+// screen's current level normally (frontend/gameselect.cpp provides it); the
+// editor's test-play points it at its own copy of the level.
 extern void (*reloadLevelForRetry)();
 
-// What the player did in the level, in the terms of a solution script
-// (levels/SOLUTIONS.md): step N is the level's Nth tick. The game screen
-// appends while recordingPlay is set, so the editor's test-play can save the
-// winning run as the level's proof.
-enum PlayActionKind : int32_t { ActTool, ActClick, ActCancel, ActHatch, ActLaunch };
-struct PlayAction {
-    int32_t step;
-    int32_t kind;       // a PlayActionKind
-    int32_t tool;       // ActTool: the ToolId chosen
-    int32_t x, y;       // ActClick: the cell
-};
-extern std::vector<PlayAction> playRecord;
+// What the player did in the level, as a solution script: step N is the
+// level's Nth tick. The game screen appends while recordingPlay is set, so
+// the editor's test-play can save the winning run as the level's proof.
+extern std::vector<ScriptAction> playRecord;
 extern bool recordingPlay;
-// The record as a solution script that levelcheck replays. A player at a
-// high frame rate can act twice within one tick, which a script cannot
-// say: such an action moves to the next free step.
-void writePlayRecord(std::ostream &out);

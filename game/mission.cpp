@@ -4,6 +4,7 @@
 #include "game/mission.h"
 
 #include "game/gamescreen.h"
+#include "game/launchpanel.h"
 #include "sim/entities.h"
 #include "world/level.h"
 
@@ -14,6 +15,7 @@ void resetMission()
 {
     mission = MissionState();
     clearEntityLists();
+    resetLaunchPanel();
     currentTool = NoTool;
     // A solution counts from the load; a retry is a new run to record.
     levelTick = 0;

@@ -4,8 +4,8 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "frontend/layout.h"
-#include "frontend/screens.h"
 #include "game/gamescreen.h"
+#include "game/panels.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "render/draw.h"
@@ -14,13 +14,6 @@
 #include "world/passwords.h"
 
 #include <GL/gl.h>
-
-static void reloadFromSelection()
-{
-    loadLevelAt(missionList.currentPath);
-}
-
-void (*reloadLevelForRetry)() = reloadFromSelection;
 
 static void dimLevel()
 {

@@ -5,7 +5,7 @@
 #include "render/draw.h"
 #include "render/present.h"
 
-#include "app/screens.h"
+#include "app/log.h"
 
 #include <allegro.h>
 #include <alleggl.h>
@@ -91,15 +91,12 @@ void drawRect(float x0, float y0, float x1, float y1, float r, float g, float b,
     glEnd();
 }
 
-// The main menu and the credits are wiped to black before they draw; a clear
-// gives the same black as a screen-wide quad for a fraction of the work a
-// software renderer puts into a blended one.
+// A clear gives the same black as a screen-wide quad for a fraction of the
+// work a software renderer puts into a blended one.
 void clearToBlack()
 {
-    if (currentScreen == MainMenu || currentScreen == CreditsScreen) {
-        glClearColor(0, 0, 0, 0);
-        glClear(GL_COLOR_BUFFER_BIT);
-    }
+    glClearColor(0, 0, 0, 0);
+    glClear(GL_COLOR_BUFFER_BIT);
 }
 
 // What a texture's texels are made of, read once from the texture itself;
@@ -555,4 +552,13 @@ void drawBackdrop()
     // can go too (the same picture, checked against a dump of it).
     setBlending(Blending{false, false});
     texturedQuad(-512, -512, 512, 512);
+}
+
+void checkGlError()
+{
+    static const char *const names[] = {"GL_INVALID_ENUM", "GL_INVALID_VALUE", "GL_INVALID_OPERATION",
+                                        "GL_STACK_OVERFLOW", "GL_STACK_UNDERFLOW", "GL_OUT_OF_MEMORY"};
+    GLenum error = glGetError();
+    if (error >= 0x500 && error <= 0x505)
+        logLine("# ERROR! # ERROR: %s", names[error - 0x500]);
 }

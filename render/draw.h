@@ -20,6 +20,8 @@ void presentFrame();
 // Called once before the first frame; see draw.cpp.
 void keepFrameMemory();
 void clearToBlack();
+// Logs the OpenGL error of the last frame, if any.
+void checkGlError();
 
 // Between these two only drawStructure, drawStructureIcon, drawObject,
 // drawTile and drawBackgroundTile may draw: their squares are sent in runs

@@ -5,7 +5,7 @@
 #include "render/textures.h"
 
 #include "app/log.h"
-#include "app/startup.h"
+#include "app/gamedir.h"
 
 #include <allegro.h>
 #include <alleggl.h>

@@ -1,8 +1,7 @@
 #include "render/loadscreen.h"
 
 #include "app/log.h"
-#include "app/screens.h"
-#include "app/startup.h"
+#include "app/clock.h"
 #include "render/draw.h"
 #include "render/textures.h"
 
@@ -32,12 +31,6 @@ void loadScreenTick(LoadScreenState &s, void (*loadAll)())
         s.phase = 2;
 }
 
-static void loadEverything()
-{
-    loadGameData();
-    linkObjectData();
-}
-
 // A black screen for 61 ticks while the player's display settles on the mode.
 static void blackPause()
 {
@@ -62,7 +55,7 @@ static void drawLoadScreen(const LoadScreenState &s)
     drawTexture(320, SCREEN_HEIGHT / 2 - 80, IntroTextures[1], 1, 1, 1, s.alphaB);
 }
 
-void runLoadScreen()
+void runLoadScreen(void (*loadEverything)())
 {
     set_color_conversion(COLORCONV_NONE);
     allegro_gl_set_texture_format(GL_RGBA8);

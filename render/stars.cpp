@@ -4,7 +4,6 @@
 #include "render/stars.h"
 
 #include "app/log.h"
-#include "game/camera.h"
 #include "render/draw.h"
 #include "render/textures.h"
 
@@ -68,12 +67,13 @@ void purgeStars()
 
 // Stars off the screen are skipped, and a run of stars with one picture is
 // one batch of quads: the software renderer pays for every glBegin.
-void drawStars()
+void drawStars(float originX, float originY)
 {
-    // The world stars are shifted by the whole-pixel camera and half a cell,
-    // so they scroll in step with the terrain drawn over them.
-    float worldX = (float)(int)(-camX) + 16;
-    float worldY = (float)(int)(-camY) + 16;
+    // The world stars are shifted by the view's origin (the whole-pixel
+    // camera and half a cell), so they scroll in step with the terrain drawn
+    // over them.
+    const float worldX = originX;
+    const float worldY = originY;
     const float half = 4;
     resetDrawState();
     TextureId bound = 0;

@@ -19,7 +19,9 @@ extern int starSpawnCounter;
 void clearStars();
 void updateStars();
 void purgeStars();
-void drawStars();
+// World stars are placed from the level view's origin (the screen position
+// of cell (0, 0)'s centre); screen stars stay where they are.
+void drawStars(float originX, float originY);
 void tickFallingStars();
 void tickDriftingStars();
 void prefillStars();

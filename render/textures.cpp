@@ -5,8 +5,6 @@
 #include "render/textures.h"
 
 #include "app/log.h"
-#include "frontend/widgets.h"
-#include "game/mission.h"
 
 TextureId CursorTextures[3];
 TextureId IntroTextures[2];
@@ -101,17 +99,6 @@ void linkTerrainSet(int terrainSet)
     logLine("Field set linked");
 }
 
-void linkObjectData()
-{
-    logLine("Linking all object data...");
-    // Buttons and sliders keep references to GuiTextures slots, so they draw
-    // whatever those slots hold.
-    linkWidgetFrames();
-    // The status line and the launch panel's text take FontTextures slot 1;
-    // they are linked here once the game screen gives them a font reference.
-    logLine("All object data linked successfully!");
-}
-
 // A counter running from `first` to `last`: incremented while below `last`,
 // otherwise back to `first`. Starting at 0 below `first` is what keeps frame 0
 // out of the lift, dynamite, rocket and planet cycles after the first tick.
@@ -123,7 +110,7 @@ static void cycle(int &counter, int first, int last)
         counter = first;
 }
 
-void advanceAnimationFrames()
+void advanceAnimationFrames(bool podsHatched)
 {
     AnimationCounters &c = animation;
     cycle(c.hatcher, 0, 19);
@@ -138,7 +125,7 @@ void advanceAnimationFrames()
     StructureFrameTable[0] = GirderTextures[0];
     StructureFrameTable[1] = GirderLeftTextures[0];
     StructureFrameTable[2] = GirderRightTextures[0];
-    StructureFrameTable[3] = mission.hatched ? HarvesterOnTextures[c.hatcher] : HarvesterTextures[c.hatcher];
+    StructureFrameTable[3] = podsHatched ? HarvesterOnTextures[c.hatcher] : HarvesterTextures[c.hatcher];
     StructureFrameTable[4] = TransportUpTextures[c.lift[0]];
     StructureFrameTable[5] = TransportLeftTextures[c.lift[1]];
     StructureFrameTable[6] = TransportRightTextures[c.lift[2]];

@@ -64,12 +64,14 @@ extern AnimationCounters animation;
 extern int tileRotationAngle;   // whole degrees, for the turning tile 16
 extern float backdropAngle;     // degrees, for SpriteTextures frame 39
 
-void runLoadScreen();
+// The load screen around `loadEverything`, the one blocking load of the data.
+void runLoadScreen(void (*loadEverything)());
 void loadImageData();
 void linkImageData();
 void linkTerrainSet(int terrainSet);
-void linkObjectData();
-void advanceAnimationFrames();
+// One tick of every shared animation; the hatcher's picture changes once the
+// pods are hatched.
+void advanceAnimationFrames(bool podsHatched);
 
 // The nested datafile paths of the bulk pass, in loading order.
 std::vector<std::string> imageFramePaths();

@@ -5,10 +5,8 @@
 
 #include "audio/audio.h"
 #include "game/mission.h"
-#include "render/draw.h"
 #include "sim/cells.h"
 #include "sim/costlabels.h"
-#include "sim/view.h"
 #include "world/level.h"
 
 #include <cstdint>
@@ -257,26 +255,4 @@ void updateBubblemen()
     }
     for (Bubbleman &b : bubblemen)
         updateBubbleman(b);
-}
-
-static TextureId currentPicture(const Bubbleman &b)
-{
-    // Counts are fixed at birth, but a frame is never trusted as an index
-    // without checking it against its own table.
-    auto pick = [](const TextureId *frames, int32_t frame, int count) -> TextureId {
-        return (frame >= 0 && frame < count) ? frames[frame] : 0;
-    };
-    if (b.emerging || b.entering)
-        return pick(b.enterFrames, b.enterFrame, ENTER_FRAME_COUNT);
-    if (b.sucked)
-        return pick(b.suckedFrames, b.suckedFrame, SUCKED_FRAME_COUNT);
-    if (b.dying)
-        return pick(b.dyingFrames, b.dyingFrame, DYING_FRAME_COUNT);
-    return pick(b.walkFrames, b.walkFrame, WALK_FRAME_COUNT);
-}
-
-void drawBubblemen()
-{
-    for (const Bubbleman &b : bubblemen)
-        drawTexture(screenX(b.x), screenY(b.y), currentPicture(b), 1, 1, 1, b.alpha);
 }

@@ -54,5 +54,4 @@ bool canStandOn(int x, int y);
 
 void spawnBubbleman(float x, float y);
 void updateBubblemen();
-void drawBubblemen();
 void clearBubblemen();

@@ -1,10 +1,5 @@
 #include "sim/costlabels.h"
 
-#include "render/text.h"
-#include "render/textures.h"
-#include "sim/view.h"
-
-#include <GL/gl.h>
 
 std::list<CostLabel> costLabels;
 
@@ -41,16 +36,4 @@ void tickCostLabels()
 void clearCostLabels()
 {
     costLabels.clear();
-}
-
-void drawCostLabels()
-{
-    for (const CostLabel &label : costLabels) {
-        glColor4f(1, 1, 0.5f, label.alpha);
-        const float sx = screenX(label.x), sy = screenY(label.y);
-        if (label.kind == CreditsLabelKind)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "+%d", CREDITS_PICKUP_VALUE);
-        else if (toolCost(label.kind) > 0)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "-%d", toolCost(label.kind));
-    }
 }

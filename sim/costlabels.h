@@ -23,5 +23,4 @@ int32_t toolCost(int32_t tool);
 
 void spawnCostLabel(float x, float y, int32_t kind);
 void tickCostLabels();
-void drawCostLabels();
 void clearCostLabels();

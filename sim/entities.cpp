@@ -9,7 +9,6 @@
 
 void clearEntityLists()
 {
-    resetLaunchPanel();
     clearBubblemen();
     clearFlyingRockets();
     clearExplosions();

@@ -2,5 +2,5 @@
 #pragma once
 
 // Empties every entity list of one attempt at a level (bubblemen, flying
-// rockets, explosions, floating cost labels) and resets the launch panel.
+// rockets, explosions, floating cost labels).
 void clearEntityLists();

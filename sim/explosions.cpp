@@ -4,9 +4,7 @@
 #include "sim/explosions.h"
 
 #include "audio/audio.h"
-#include "render/draw.h"
 #include "sim/cells.h"
-#include "sim/view.h"
 #include "world/level.h"
 
 std::list<Explosion> explosions;
@@ -131,10 +129,3 @@ void clearExplosions()
     explosions.clear();
 }
 
-void drawExplosions()
-{
-    for (const Explosion &e : explosions) {
-        const TextureId picture = (e.frame >= 0 && e.frame < e.frameCount) ? e.frames[e.frame] : 0;
-        drawTexture(screenX(e.x), screenY(e.y), picture, 1, 1, 1, 1);
-    }
-}

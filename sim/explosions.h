@@ -40,5 +40,4 @@ void detonateRadioactive(int x, int y);
 void detonateExplosive(int x, int y);
 void updateExplosions();
 void removeFinishedExplosions();
-void drawExplosions();
 void clearExplosions();

@@ -1,29 +1,12 @@
-// The rockets: the launch panel that slides in once every bubbleman has
-// boarded, the launch, and the rockets that climb out of the level.
+// The rockets: the launch, and the rockets that climb out of the level.
 #pragma once
 
-#include "frontend/widgets.h"
 #include "render/textures.h"
 
 #include <cstdint>
 #include <list>
 
 const int ROCKET_FLYING_FRAME_COUNT = 41;
-
-struct LaunchPanel {
-    const char *text;
-    const TextureId *font;
-    float x, y;
-    float r, g, b, alpha;
-    float pulse;
-    bool pulseRising;
-    bool slidingIn, slidingOut;
-    bool armed;         // called in once in this level
-    float offset, maxOffset;
-};
-
-extern LaunchPanel launchPanel;
-extern Button launchButton;     // moved by the panel
 
 struct FlyingRocket {
     const TextureId *frames;
@@ -38,24 +21,7 @@ struct FlyingRocket {
 // Newest first.
 extern std::list<FlyingRocket> flyingRockets;
 
-void resetLaunchPanel();
-// Updates the Launch button from the pointer; true when it reports a click.
-bool updateLaunchButton();
-// The panel's step with the Launch button updated from the pointer first.
-void tickLaunchPanel();
-// The same step with the button's click already known: the game tick's own
-// order (gameTick, which records the click for a solution).
-void tickLaunchPanelWith(bool launchClicked);
-// Where the panel stands for its current offset, with its button beside it
-// while the panel shows; the first step of drawing it.
-void placeLaunchPanel();
-// Whether a pointer on the 640-pixel screen can reach the Launch button where
-// it was last placed.
-bool launchButtonReachable();
-void drawLaunchPanel();
-
 void launchRockets();
 void updateFlyingRockets();
 void removeGoneRockets();
-void drawFlyingRockets();
 void clearFlyingRockets();

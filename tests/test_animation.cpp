@@ -86,7 +86,7 @@ TEST(Animation, EveryCounterFollowsItsCycle)
     linkImageData();
     std::vector<int> hatcher, lift, dynamite, pod, rocket, planet;
     for (int tick = 0; tick < 150; tick++) {
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
         hatcher.push_back(frameOf(StructureFrameTable[3]));
         lift.push_back(frameOf(StructureFrameTable[4]));
         dynamite.push_back(frameOf(StructureFrameTable[9]));
@@ -139,10 +139,10 @@ TEST(Animation, HatchedPodsSwitchTheHatcherToItsLitFramesInStep)
 {
     fakeTables();
     for (int i = 0; i < 7; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(StructureFrameTable[3], 1000u * Harvester + 7);
     mission.hatched = true;
-    advanceAnimationFrames();
+    advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(StructureFrameTable[3], 1000u * HarvesterOn + 8);
     mission.hatched = false;
 }
@@ -153,16 +153,16 @@ TEST(Animation, AnglesTurnEveryTick)
     tileRotationAngle = 0;
     backdropAngle = 0;
     for (int i = 0; i < 100; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(((tileRotationAngle % 360) + 360) % 360, 320) << "-400 degrees: clockwise";
     EXPECT_GT(tileRotationAngle, -360);
     EXPECT_NEAR(backdropAngle, 5.0f, 0.01f);
 
     backdropAngle = 359.97f;
-    advanceAnimationFrames();
+    advanceAnimationFrames(mission.hatched);
     EXPECT_EQ(backdropAngle, 0.0f) << "reset once it reaches a full turn";
     for (int i = 0; i < 2000; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     EXPECT_GT(tileRotationAngle, -360);
     EXPECT_LE(tileRotationAngle, 0);
 }

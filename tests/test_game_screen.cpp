@@ -19,6 +19,7 @@
 #include "render/offscreen.h"
 #include "render/textures.h"
 #include "sim/costlabels.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "world/catalogue.h"
 
@@ -387,7 +388,7 @@ TEST_F(PlayScreen, AWinningRunRecordedInPlayIsProvenByTheChecker)
     const int32_t creditsLeft = mission.credits;
 
     std::ostringstream text;
-    writePlayRecord(text);
+    writeSolution(playRecord, text);
     loadLevel(liftLevel, 2000);
     RunResult proof = run(text.str(), 5000);
     EXPECT_EQ(proof.outcome, RunWon) << text.str() << describeRun(proof);

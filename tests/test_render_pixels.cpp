@@ -280,7 +280,7 @@ TEST_F(Pixels, ClearToBlackOnlyInTheMenuAndCredits)
     for (const auto &c : cases) {
         fill(White);
         currentScreen = c.screen;
-        clearToBlack();
+        clearToBlackFor(currentScreen);
         EXPECT_EQ(at(0, 0), c.after) << c.screen;
         EXPECT_EQ(at(639, 479), c.after) << c.screen;
     }
@@ -320,7 +320,7 @@ TEST_F(Pixels, WorldStarsScrollWithTheCameraScreenStarsDoNot)
     StarList.push_back(makeStar(300, 60, 0));   // on the screen
     camX = 40.7f;
     camY = -20.2f;
-    drawStars();
+    drawStars(viewOriginX(), viewOriginY());
     // 100 + trunc(-40.7) + 16 = 76, 100 + trunc(20.2) + 16 = 136; 8 x 8 around it.
     EXPECT_EQ(coveredColumns(136, Black), std::make_pair(72, 79));
     EXPECT_EQ(coveredRows(76, Black), std::make_pair(132, 139));

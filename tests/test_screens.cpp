@@ -30,8 +30,8 @@ struct PatchedScreens {
     {
         saved[0] = *handlersFor(Options);
         saved[1] = *handlersFor(Help);
-        *handlersFor(Options) = {Options, countFrom, nullptr};
-        *handlersFor(Help) = {Help, countTo, nullptr};
+        *handlersFor(Options) = {Options, countFrom, nullptr, nullptr, nullptr};
+        *handlersFor(Help) = {Help, countTo, nullptr, nullptr, nullptr};
         fromTicks = toTicks = 0;
     }
     ~PatchedScreens()

@@ -4,6 +4,7 @@
 
 #include "audio/audio.h"
 #include "sim/explosions.h"
+#include "game/launchpanel.h"
 #include "sim/rockets.h"
 #include "sim/tools.h"
 

@@ -26,6 +26,7 @@
 #include "sim/bubblemen.h"
 #include "sim/cells.h"
 #include "sim/explosions.h"
+#include "game/entitydraw.h"
 #include "sim/rockets.h"
 #include "world/level.h"
 
@@ -350,7 +351,7 @@ int main(int argc, char **argv)
     camX = o.camGiven ? o.camX : sample ? 0.0f : 200.0f;
     camY = o.camGiven ? o.camY : sample ? -600.0f : -550.0f;
     for (int i = 0; i < o.ticks; i++)
-        advanceAnimationFrames();
+        advanceAnimationFrames(mission.hatched);
     pulseB = o.glow;
     srand(7);
     prefillGameStars();

@@ -4,8 +4,7 @@
 
 #include "world/catalogue.h"
 #include "app/log.h"
-#include "app/startup.h"
-#include "frontend/screens.h"
+#include "app/gamedir.h"
 #include "game/mission.h"
 #include "world/level.h"
 
@@ -204,7 +203,6 @@ void advanceCampaign()
     if (missionsUnlocked >= CAMPAIGN_LEVEL_COUNT)
         return;
     missionsUnlocked++;
-    missionMessage = 2;
     missionJustUnlocked = true;
     // The next planet opens with its first mission, as a password would open it.
     int planet = planetOfMission(missionsUnlocked);

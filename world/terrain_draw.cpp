@@ -130,7 +130,7 @@ void drawLevelBackdrop(float ox, float oy)
     for (int k = 0; k < BACKDROP_TILES_ACROSS; k++)
         drawBackgroundTile(farX + BACKDROP_ROW * k, oy - BACKDROP_TOP, 5, 1, 1, 1, 1);
 
-    drawStars();
+    drawStars(ox, oy);
 
     const float nearX = std::trunc(ox);
     for (int k = 0; k < BACKDROP_TILES_ACROSS; k++) {
