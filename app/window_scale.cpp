@@ -16,6 +16,8 @@
 #include <xalleg.h>
 #include <X11/Xatom.h>
 
+#include <chrono>
+
 // Room left around the window on the desktop for its frame and title bar,
 // so the enlarged window is never pushed partly off the screen.
 static const int FRAME_ROOM_WIDTH = 32;
@@ -87,10 +89,19 @@ static bool windowSize(int *width, int *height)
     return known;
 }
 
-// Once a frame, after the flip: the player may have resized or maximised the
-// window since.
+// After every flip: the player may have resized or maximised the window
+// since. Asking the X server is a round trip, so it is asked ten times a
+// second at most; a new size shows a tenth of a second late at worst.
 static void measureGameWindow(int *width, int *height)
 {
+    static std::chrono::steady_clock::time_point lastAsked;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastAsked < std::chrono::milliseconds(100)) {
+        *width = measuredWidth;
+        *height = measuredHeight;
+        return;
+    }
+    lastAsked = now;
     if (windowSize(width, height))
         followWindowSize(*width, *height);
 }
@@ -160,7 +171,8 @@ bool resizeGameWindow(int width, int height)
     XUNLOCK();
     const bool done = waitForSize(width, height);
     int w = width, h = height;
-    measureGameWindow(&w, &h);
+    if (windowSize(&w, &h))
+        followWindowSize(w, h);
     setPresentationWindow(w, h);
     return done;
 }
@@ -199,7 +211,8 @@ void fitWindowToDesktop(bool windowed)
         }
     }
     int w = SCREEN_WIDTH, h = SCREEN_HEIGHT;
-    measureGameWindow(&w, &h);
+    if (windowSize(&w, &h))
+        followWindowSize(w, h);
     setPresentationWindow(w, h);
 }
 
