@@ -177,6 +177,24 @@ check "nothing new in the configuration: sixteen lines, the shipped layout" \
 check "no OpenGL error" bash -c "! grep -q 'ERROR: GL_' '$G/gamelog.txt'"
 check "no sanitizer report" bash -c "! grep -q Sanitizer '$WORK/game.out'"
 
+# Full screen asked for: where the X server cannot give it, the window the
+# game falls back to is the enlarged one.
+sed 's/^SCREENMODE = .*/SCREENMODE = FULLSCREEN/' "$WORK/gameconfig.before" > "$G/gameconfig.cfg"
+rm -f "$G/gamelog.txt"
+(cd "$G" && exec ./Delvemoor > "$WORK/fullscreen.out" 2>&1) &
+GAME=$!
+check "full screen asked: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
+WIDTH=0 HEIGHT=0
+eval "$(window_geometry)"
+"$CLOSE_WINDOW" Delvemoor
+for ((i = 0; i < 600; i++)); do kill -0 "$GAME" 2>/dev/null || break; sleep 0.1; done
+wait "$GAME"
+if grep -qx "SCREENMODE = WINDOWED" "$G/gameconfig.cfg"; then
+    check "full screen refused: the window it fell back to is 1280 x 960 (got $WIDTH x $HEIGHT)" \
+        test "${WIDTH}x${HEIGHT}" = 1280x960
+fi
+check "full screen asked: no sanitizer report" bash -c "! grep -q Sanitizer '$WORK/fullscreen.out'"
+
 echo
 if [ "$failures" -gt 0 ]; then
     echo "$failures check(s) failed"
