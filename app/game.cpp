@@ -32,13 +32,7 @@ END_OF_FUNCTION(onCloseButton)
 void runMainLoop()
 {
     while (!quitRequested) {
-        samplePointer();
-        sampleInput();
-        runOwedTicks();
-        clearToBlackFor(currentScreen);
-        renderScreen(currentScreen);
-        presentFrame();
-        framesThisSecond++;
+        runLoopPass(readDeviceInput(), (float)mouse_x, (float)(SCREEN_HEIGHT - mouse_y), runOwedTicks, drawFrame);
         rest(0);
         checkGlError();
         if (openManualRequested)

@@ -191,7 +191,7 @@ void introTick()
         return;
     introStarted = true;
     startTransition(Intro, MainMenu, StarfieldMenu);
-    requestMusic(0);
+    requestMusic(MenuMusic);
 }
 
 void introFrame()
@@ -250,7 +250,7 @@ void sampleInputFrom(const RawInput &raw)
         input.rightPressed = 1;
 }
 
-void sampleInput()
+RawInput readDeviceInput()
 {
     RawInput raw;
     raw.escape = key[KEY_ESC] ? 1 : 0;
@@ -264,7 +264,25 @@ void sampleInput()
     raw.mouseButtons = gameMouseButtons();
     raw.mouseX = mouse_x;
     raw.mouseY = mouse_y;
+    return raw;
+}
+
+void runLoopPass(const RawInput &raw, float pointerX, float pointerY, void (*ticks)(), void (*frame)())
+{
     sampleInputFrom(raw);
+    input.pointerX = pointerX;
+    input.pointerY = pointerY;
+    if (ticks)
+        ticks();
+    frame();
+}
+
+void drawFrame()
+{
+    clearToBlackFor(currentScreen);
+    renderScreen(currentScreen);
+    presentFrame();
+    framesThisSecond++;
 }
 
 // ---------------------------------------------------------------------------

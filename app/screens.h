@@ -54,7 +54,7 @@ struct InputSnapshot {
     float pointerX, pointerY;
 };
 
-// What sampleInput reads; the game fills it from Allegro's key[] and mouse_b,
+// What sampleInputFrom reads; the game fills it from Allegro's key[] and mouse_b,
 // tests fill it by hand.
 struct RawInput {
     byte escape, up, down, left, right, keyA, keyZ, space;
@@ -93,8 +93,19 @@ void renderScreen(u32 id);
 void clearToBlackFor(u32 screen);
 
 void samplePointer();
-void sampleInput();
-void sampleInputFrom(const RawInput &raw);  // the rules of sampleInput on given device state
+// The snapshot's rules on the given device state; the pointer is set apart.
+void sampleInputFrom(const RawInput &raw);
+// The keyboard and mouse as Allegro sees them now.
+RawInput readDeviceInput();
+
+// One pass of the loop, in its one order: the input sampled once from `raw`
+// with the pointer at (pointerX, pointerY), the ticks owed, the frame. The
+// game's loop plays every owed tick in full (runOwedTicks) and draws
+// (drawFrame); the headless driver owes one tick of the level's logic at a
+// time and runs the frame without drawing. A null `ticks` owes none.
+void runLoopPass(const RawInput &raw, float pointerX, float pointerY, void (*ticks)(), void (*frame)());
+// The frame of the game's loop: the current screen drawn and presented.
+void drawFrame();
 
 void advancePulses();
 void resetPulses();

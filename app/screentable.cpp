@@ -70,12 +70,12 @@ static void enterTransition()
 
 static void enterMissionComplete()
 {
-    SoundRequest = 8;
+    SoundRequest = MissionCompleteSound;
 }
 
 static void enterMissionFailed()
 {
-    SoundRequest = 7;
+    SoundRequest = MissionFailedSound;
 }
 
 // ---------------------------------------------------------------------------
@@ -85,17 +85,17 @@ static void arriveAtMainMenu()
 {
     if (transition.from == Intro)
         blackoutWait(10);
-    requestMusic(0);
+    requestMusic(MenuMusic);
 }
 
 static void arriveAtCredits()
 {
-    requestMusic(1);
+    requestMusic(CreditsMusic);
 }
 
 static void arriveAtPlaying()
 {
-    requestMusic(2);
+    requestMusic(LevelMusic);
     enterChosenLevel(transition.from == GameSelect);
 }
 
@@ -104,7 +104,7 @@ static void arriveAtGameSelect()
     // The selection screen has the menu's track: back from a level, the
     // level's track fades out here.
     enterGameSelect();
-    requestMusic(0);
+    requestMusic(MenuMusic);
 }
 
 static ScreenHandlers screenTable[] = {

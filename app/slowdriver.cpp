@@ -19,7 +19,7 @@ static void dialogLabel(const Button &b, float dx, const char *text)
 {
     float shift = visualState(b) == 2 ? 1.0f : 0.0f;
     glColor4f(0.9f, 0.9f, 0.9f, 1.0f);
-    drawText(FontTextures[1], b.x + dx - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+    drawText(MediumFont, b.x + dx - shift, b.y - 6 - shift, "%s", text);
 }
 
 void slowDriverFrame()
@@ -52,13 +52,13 @@ void slowDriverFrame()
     dialogLabel(dialogLowerButton, -47, "No Thanks");
 
     glColor4f(1, 1, 1, 1);
-    drawTextCentred(FontTextures[1], 320, 300, 256, 128, 12, 12, -2, "Slow Drivers");
+    drawTextCentred(MediumFont, 320, 300, "Slow Drivers");
     static const char *const lines[] = {
         "Software drivers have been", "detected! This may make", "the game slow and unplayable.", "",
         "To update your drivers,", "click the \"Update Drivers\"", "button below.",
     };
     for (int i = 0; i < 7; i++)
-        drawTextCentred(FontTextures[2], 320, 280 - 10 * i, 256, 128, 8, 8, -2, "%s", lines[i]);
+        drawTextCentred(SmallFont, 320, 280 - 10 * i, "%s", lines[i]);
 
     drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
 }

@@ -252,8 +252,8 @@ void linkObjectData()
     // Buttons and sliders keep references to GuiTextures slots, so they draw
     // whatever those slots hold.
     linkWidgetFrames();
-    // The status line and the launch panel's text take FontTextures slot 1;
-    // they are linked here once the game screen gives them a font reference.
+    // The status line and the launch panel name their sheet by its size, read
+    // as they draw: nothing of theirs to link.
     logLine("All object data linked successfully!");
 }
 

@@ -140,7 +140,7 @@ void audioUpdate()
         effectVolume = level;
 
     int32_t ui = InterfaceSoundRequest;
-    if (ui == 10 || ui == 11 || ui == 13)
+    if (ui == 10 || ui == ButtonSound || ui == SliderSound)
         playEffect(ui);
     if (ui != 0)
         InterfaceSoundRequest = 0;
@@ -154,7 +154,7 @@ void audioUpdate()
     // Sound 20 is never played through this slot: it stays set until another
     // value replaces it. Compared unsigned, so a negative value is cleared.
     uint32_t request = (uint32_t)SoundRequest;
-    if (request != 20) {
+    if (request != (uint32_t)EnteringSound) {
         if (request <= 26)
             playEffect((int)request);
         SoundRequest = SoundRequestIdle;

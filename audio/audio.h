@@ -6,6 +6,38 @@
 
 struct SAMPLE;
 
+// The sounds by their number in the datafile (SOUND00 to SOUND26), as the
+// request slots take them.
+enum SoundId : int32_t {
+    TitleSound = 0,             // the main menu's title starts to slide in
+    BuildSound = 1,             // a structure or a hatcher is built
+    BlastSound = 2,             // an explosion of the first kind
+    CreditsPickupSound = 3,
+    WrongPasswordSound = 4,
+    PasswordAcceptedSound = 5,
+    PlanetSound = 6,            // a planet button on the selection screen
+    MissionFailedSound = 7,
+    MissionCompleteSound = 8,
+    ButtonSound = 11,           // a button is pressed
+    RefusalSound = 12,          // a build, dig or blast is refused
+    SliderSound = 13,
+    LaunchSound = 14,           // the launch panel slides in, or the rockets go
+    ChainExplosionSound = 15,   // an explosion of the second kind
+    SuckedSound = 16,           // a bubbleman is sucked away
+    BoardingSound = 17,         // 17, 18 or 19, one at random: he enters a rocket
+    EnteringSound = 20,         // his entering starts
+    SelectScreenSound = 24,     // the first arrival at the selection screen
+    HatchSound = 25,
+    DigSound = 26,
+};
+
+// The three music tracks (MUSIC00 to MUSIC02).
+enum MusicTrack : int32_t {
+    MenuMusic = 0,
+    CreditsMusic = 1,
+    LevelMusic = 2,
+};
+
 const int SOUND_COUNT = 27;
 const int MUSIC_COUNT = 3;
 const int SoundRequestIdle = 100;

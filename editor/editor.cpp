@@ -75,7 +75,7 @@ void (*retryOutsideTestPlay)() = nullptr;
 bool paintingInCurrentLevel = false;
 
 // Where the view stood when the editor was last left.
-float editorCamX = 200, editorCamY = -550;
+float editorCamX = START_CAM_X, editorCamY = START_CAM_Y;
 
 uint32_t newGeneration()
 {
@@ -229,8 +229,8 @@ void newEditorLevel(const LevelSettings &settings)
     editorDoc.generation = editorDoc.savedGeneration = newGeneration();
     forgetHistory();
     currentTool = NoTool;
-    editorCamX = camX = 200;
-    editorCamY = camY = -550;
+    editorCamX = camX = START_CAM_X;
+    editorCamY = camY = START_CAM_Y;
     setStatus(StatusNewLevel);
 }
 
@@ -317,8 +317,8 @@ bool openEditorLevel(const std::string &path, bool campaign)
     editorDoc.generation = editorDoc.savedGeneration = newGeneration();
     forgetHistory();
     resetMission();
-    editorCamX = camX = 200;
-    editorCamY = camY = -550;
+    editorCamX = camX = START_CAM_X;
+    editorCamY = camY = START_CAM_Y;
     setStatus(StatusLevelOpened);
     return true;
 }
@@ -531,7 +531,7 @@ bool startTestPlay()
     levelReturnScreen = LevelEditor;
     armLevelBanner();
     setScreen(Playing);
-    requestMusic(2);
+    requestMusic(LevelMusic);
     return true;
 }
 
@@ -555,7 +555,7 @@ void finishTestPlay()
     currentTool = testPlay.tool;
     camX = testPlay.camX;
     camY = testPlay.camY;
-    requestMusic(0);
+    requestMusic(MenuMusic);
 
     if (!won)
         setStatus(StatusTestPlayNotWon);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "game/gamescreen.h"
+#include "game/mission.h"
 #include "world/level.h"
 
 #include <cstdint>
@@ -19,7 +20,7 @@ struct EditorDocument {
     bool exists;                // false until the editor first opens
     Level level;                // the level while the editor is not on screen
     int32_t credits;
-    int32_t toolLocked[9];
+    int32_t toolLocked[LOCKABLE_TOOL_COUNT];
     std::string path;           // the custom file it came from or was saved to; empty: never saved
     uint32_t generation;        // names the painted state; every edit makes a new one
     uint32_t savedGeneration;   // the state that is on disk (or was opened)
@@ -39,7 +40,7 @@ struct LevelSettings {
     int32_t planet;
     int32_t width, height;
     int32_t credits;
-    int32_t toolLocked[9];
+    int32_t toolLocked[LOCKABLE_TOOL_COUNT];
 };
 
 // Puts the document into currentLevel as the editor screen opens (a blank

@@ -19,6 +19,7 @@
 #include "render/draw.h"
 #include "render/stars.h"
 #include "render/text.h"
+#include "sim/toolinfo.h"
 
 #include <allegro.h>
 #include <GL/gl.h>
@@ -36,24 +37,6 @@ const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
     "Spikes", "Vortex", "Radiation", "Explosive", "Items", "Water",
 };
 const int WIDE_PALETTE = 10;
-
-// The nine lockable tools in the order of the level file, with their names on
-// the settings panel; the icon is the tool's own (slot ToolId - 1).
-struct LockRow {
-    int32_t tool;
-    const char *name;
-};
-const LockRow lockRows[LOCKABLE_TOOL_COUNT] = {
-    {Girder, "Girder"},
-    {LeftHangingGirder, "Left Hanging Girder"},
-    {RightHangingGirder, "Right Hanging Girder"},
-    {EnergyLift, "Energy Lift"},
-    {LeftLiftExit, "Left Lift Exit"},
-    {RightLiftExit, "Right Lift Exit"},
-    {Blocker, "Blocker"},
-    {Shovel, "Shovel"},
-    {Dynamite, "Dynamite"},
-};
 
 const char *const menuCaptions[5] = {"New Level", "Open Level", "Save Level", "Settings", "Main Menu"};
 
@@ -226,12 +209,12 @@ void setColour(float r, float g, float b, float a)
 
 void drawSmallText(float x, float y, const char *text)
 {
-    drawText(FontTextures[2], x, y, 256, 128, 8, 8, -2, "%s", text);
+    drawText(SmallFont, x, y, "%s", text);
 }
 
 void drawMediumText(float x, float y, const char *text)
 {
-    drawText(FontTextures[1], x, y, 256, 128, 12, 12, -2, "%s", text);
+    drawText(MediumFont, x, y, "%s", text);
 }
 
 void drawOutline(float x0, float y0, float x1, float y1, float r, float g, float b, float a)
@@ -283,7 +266,7 @@ void drawPalette()
             else
                 drawCellPicture(paletteCode(tool), b.x - shift, b.y + 6 - shift);
             setColour(1, 1, 1, 1);
-            drawTextCentred(FontTextures[2], b.x - shift, b.y - 24 - shift, 256, 128, 8, 8, -2, "%s",
+            drawTextCentred(SmallFont, b.x - shift, b.y - 24 - shift, "%s",
                             paletteCaptions[i]);
         } else {
             drawCellPicture(paletteCode(tool), b.x - shift, b.y - shift);
@@ -312,11 +295,11 @@ void drawBottomButtons()
     // What a player checks while painting: the pods against the limit, and
     // whether the painting is on disk.
     setColour(0.1f, 1.0f, 0.1f, 1.0f);
-    drawText(FontTextures[2], 112, 20, 256, 128, 8, 8, -2, "Pods %d/%d", editorPodCount, EDITOR_POD_LIMIT);
+    drawText(SmallFont, 112, 20, "Pods %d/%d", editorPodCount, EDITOR_POD_LIMIT);
     setColour(0.9f, 0.9f, 0.9f, 1.0f);
-    drawText(FontTextures[2], 112, 8, 256, 128, 8, 8, -2, "%dx%d", currentLevel.width, currentLevel.height);
+    drawText(SmallFont, 112, 8, "%dx%d", currentLevel.width, currentLevel.height);
     setColour(1.0f, 1.0f, 0.0f, 1.0f);
-    drawText(FontTextures[2], 428, 20, 256, 128, 8, 8, -2, "%d", editorDoc.credits);
+    drawText(SmallFont, 428, 20, "%d", editorDoc.credits);
     if (editorHasUnsavedChanges()) {
         setColour(1.0f, 0.6f, 0.2f, 1.0f);
         drawSmallText(428, 8, "Unsaved");
@@ -400,12 +383,12 @@ void settingsPanelFrame()
         Button &b = editorLeftColumnButtons[i];
         const bool locked = s.toolLocked[i] != 0;
         drawButton(b);
-        drawStructureIcon(b.x, b.y, lockRows[i].tool - 1, 1, 1, 1, locked ? 0.25f : 1.0f);
+        drawStructureIcon(b.x, b.y, toolOfLock(i) - 1, 1, 1, 1, locked ? 0.25f : 1.0f);
         if (locked) {
             drawRect(b.x - 12, b.y - 1, b.x + 12, b.y + 1, 1, 0.2f, 0.2f, 1);
         }
         setColour(locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, locked ? 0.5f : 0.9f, 1);
-        drawSmallText(b.x + 22, b.y + 1, lockRows[i].name);
+        drawSmallText(b.x + 22, b.y + 1, infoOf(toolOfLock(i)).caption);
         drawSmallText(b.x + 22, b.y - 9, locked ? "locked" : "offered");
     }
 
@@ -420,7 +403,7 @@ void settingsPanelFrame()
             drawButton(b);
         drawTextureSized((int)b.x, (int)b.y, planetGlobe(p), 1, 1, 1, 1, 44, 44);
         setColour(1, 1, 1, 1);
-        drawTextCentred(FontTextures[2], b.x + 20, b.y - 28, 256, 128, 8, 8, -2, "%d", p);
+        drawTextCentred(SmallFont, b.x + 20, b.y - 28, "%d", p);
     }
 
     drawButton(settingsOkButton);
@@ -487,7 +470,7 @@ void openPanelFrame()
         std::string title = e.title.substr(0, 34);
         drawMediumText(b.x + 24, b.y - 6, title.c_str());
         setColour(0.6f, 0.8f, 1.0f, 1);
-        drawText(FontTextures[2], 530, b.y - 4, 256, 128, 8, 8, -2, "Planet %d #%d", e.planet, e.missionNumber);
+        drawText(SmallFont, 530, b.y - 4, "Planet %d #%d", e.planet, e.missionNumber);
         if (editorScreen.openProven[first + i]) {
             setColour(0.3f, 1.0f, 0.3f, 1);
             drawSmallText(480, b.y - 4, "Proven");
@@ -498,7 +481,7 @@ void openPanelFrame()
     drawButton(nextPageButton);
     drawSmallCentredLabel(nextPageButton, ">");
     setColour(0.9f, 0.9f, 0.9f, 1);
-    drawTextCentred(FontTextures[2], 320, 36, 256, 128, 8, 8, -2, "Page %d of %d", editorScreen.openPage + 1,
+    drawTextCentred(SmallFont, 320, 36, "Page %d of %d", editorScreen.openPage + 1,
                     pages > 0 ? pages : 1);
     drawButton(openBackButton);
     drawCentredLabel(openBackButton, "Back");
@@ -749,8 +732,7 @@ void editorFrame()
 
     resetDrawState();
     drawStatus();
-    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
-    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
+    drawDisplayPanels();
     drawPalette();
     drawBottomButtons();
 

@@ -92,9 +92,9 @@ void creditsFrame()
             glColor4f(0.8f, 0.8f, 0.8f, 1);
         else
             continue;
-        drawTextCentred(FontTextures[0], 321, creditScroll - 10.0f * i, 256, 128, 16, 16, -2, "%s", CreditLines[i]);
+        drawTextCentred(LargeFont, 321, creditScroll - 10.0f * i, "%s", CreditLines[i]);
     }
     drawRect(0, -40, SCREEN_WIDTH, 24, 0, 0.5f, 1, 0.4f);
     glColor4f(pulseB, 0, 1, 1);
-    drawText(FontTextures[1], 188, 6, 256, 128, 12, 12, -2, "Press 'Escape' To Continue");
+    drawText(MediumFont, 188, 6, "Press 'Escape' To Continue");
 }

@@ -197,7 +197,7 @@ void gameSelectTick()
     tickFallingStars();
     if (!selectScreen.menuSoundPlayed && transition.alpha <= 0.01f) {
         selectScreen.menuSoundPlayed = true;
-        SoundRequest = 24;
+        SoundRequest = SelectScreenSound;
     }
 }
 
@@ -228,7 +228,7 @@ void enterChosenLevel(bool fromGameSelect)
         // the list, which is read afresh and tells the player why.
         transition.to = GameSelect;
         missionMessage = MessageLevelUnreadable;
-        requestMusic(0);
+        requestMusic(MenuMusic);
         enterGameSelect();
         return;
     }
@@ -252,14 +252,14 @@ static void startMission()
     startTransition(GameSelect, Playing, StarfieldGame);
     setStatus(StatusEmpty);
     logLine("Entering Level...");
-    camX = 200;
-    camY = -550;
+    camX = START_CAM_X;
+    camY = START_CAM_Y;
 }
 
 static void clickPlanet(int k)
 {
     GameSelectState &s = selectScreen;
-    SoundRequest = 6;
+    SoundRequest = PlanetSound;
     s.targetPlanet = (float)k;
     s.targetMessage = (float)(k <= planetProgress ? 1 : MessagePlanetLocked);
     s.messageChangePending = true;
@@ -349,7 +349,7 @@ static void drawMissionList()
         float y = missionList.y + 16.0f * (missionList.currentIndex - i);
         if (entryOpen(e) && y > 254 && y < 454) {
             glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
-            drawText(FontTextures[1], missionList.x, y, 256, 128, 12, 12, -2, "%s", e.title.c_str());
+            drawText(MediumFont, missionList.x, y, "%s", e.title.c_str());
         }
         i++;
     }
@@ -410,7 +410,7 @@ static void drawMessageLine()
             continue;
         float x = m.x != 0 ? m.x : 320 - (14.0f * (float)strlen(m.text)) / 2;
         glColor4f(pulseB, 0, 1, selectScreen.messageAlpha);
-        drawText(FontTextures[0], x, 4, 256, 128, 16, 16, -2, "%s", m.text);
+        drawText(LargeFont, x, 4, "%s", m.text);
     }
 }
 
@@ -442,7 +442,7 @@ static void drawHintPanel()
                                         "Click the arrow to select the now", "unlocked level!"};
     static const float ys[] = {320, 310, 290, 280};
     for (int i = 0; i < 4; i++)
-        drawText(FontTextures[2], 266, ys[i], 256, 128, 8, 8, -2, "%s", lines[i]);
+        drawText(SmallFont, 266, ys[i], "%s", lines[i]);
     drawTexture(230, 300, SpriteTextures[38], 1, 1, 1, s.hintAlpha);
 }
 

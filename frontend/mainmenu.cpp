@@ -35,7 +35,7 @@ static void slideTitle()
         return;
     if (menu.titleSoundPending) {
         menu.titleSoundPending = 0;
-        SoundRequest = 0;
+        SoundRequest = TitleSound;
     }
     if (menu.titleY > 374)
         menu.titleY -= 3;

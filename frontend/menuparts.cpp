@@ -29,29 +29,29 @@ void drawCentredLabel(const Button &b, const char *text, float alpha)
 {
     float shift = pressShift(b);
     glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, alpha);
-    drawTextCentred(FontTextures[1], b.x - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+    drawTextCentred(MediumFont, b.x - shift, b.y - 6 - shift, "%s", text);
 }
 
 void drawOffsetLabel(const Button &b, float dx, const char *text, float alpha)
 {
     float shift = pressShift(b);
     glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, alpha);
-    drawText(FontTextures[1], b.x + dx - shift, b.y - 6 - shift, 256, 128, 12, 12, -2, "%s", text);
+    drawText(MediumFont, b.x + dx - shift, b.y - 6 - shift, "%s", text);
 }
 
 void drawSmallCentredLabel(const Button &b, const char *text)
 {
     float shift = pressShift(b);
     glColor4f(1, 1, 1, 1);
-    drawTextCentred(FontTextures[2], b.x - shift, b.y - 4 - shift, 256, 128, 8, 8, -2, "%s", text);
+    drawTextCentred(SmallFont, b.x - shift, b.y - 4 - shift, "%s", text);
 }
 
 void drawSmallCentred(float x, float y, const char *text)
 {
-    drawTextCentred(FontTextures[2], x, y, 256, 128, 8, 8, -2, "%s", text);
+    drawTextCentred(SmallFont, x, y, "%s", text);
 }
 
 void drawMediumCentred(float x, float y, const char *text)
 {
-    drawTextCentred(FontTextures[1], x, y, 256, 128, 12, 12, -2, "%s", text);
+    drawTextCentred(MediumFont, x, y, "%s", text);
 }

@@ -60,14 +60,14 @@ static void handleSliders()
     if (scrollSpeedSlider.value != options.lastScroll) {
         options.lastScroll = scrollSpeedSlider.value;
         settings.scrollSpeed = scrollSpeedSlider.value;
-        InterfaceSoundRequest = 13;
+        InterfaceSoundRequest = SliderSound;
     }
     for (const VolumeSlider &v : VOLUME_SLIDERS) {
         updateSlider(*v.slider, px, py);
         if (v.slider->value != options.*v.last) {
             settings.*v.setting = v.slider->value;
             v.apply(v.slider->value);
-            InterfaceSoundRequest = 13;
+            InterfaceSoundRequest = SliderSound;
             options.*v.last = v.slider->value;
         }
     }
@@ -134,14 +134,14 @@ void optionsFrame()
 
     glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
     if (settings.fullscreen)
-        drawText(FontTextures[1], 269, 444, 256, 128, 12, 12, -2, "Fullscreen");
+        drawText(MediumFont, 269, 444, "Fullscreen");
     else
-        drawText(FontTextures[1], 279, 444, 256, 128, 12, 12, -2, "Windowed");
-    drawText(FontTextures[1], 279, 344, 256, 128, 12, 12, -2, settings.colorDepth32 ? "32 - Bit" : "16 - Bit");
+        drawText(MediumFont, 279, 444, "Windowed");
+    drawText(MediumFont, 279, 344, settings.colorDepth32 ? "32 - Bit" : "16 - Bit");
 
     float notice = 0.8f + options.noticeFlash;
     glColor4f(notice, notice, notice, 1);
-    drawText(FontTextures[2], 68, 10, 256, 128, 8, 8, -2,
+    drawText(SmallFont, 68, 10,
              "Delvemoor Will Need To Be Restarted For New Video Settings To Take Effect");
     drawPointer();
 

@@ -76,7 +76,7 @@ void updateButton(Button &b, float px, float py)
     if (down) {
         if (b.armed && b.clickSound == 1) {
             b.armed = 0;
-            InterfaceSoundRequest = 11;
+            InterfaceSoundRequest = ButtonSound;
         }
         b.pressed = 1;
         b.clicked = 0;
@@ -136,7 +136,7 @@ void drawSlider(const Slider &s)
 {
     resetDrawState();
     glColor4f(1, 1, 1, 1);
-    drawText(FontTextures[0], s.x - 13, s.y + 10, 256, 128, 16, 16, -2, "%s", s.label);
+    drawText(LargeFont, s.x - 13, s.y + 10, "%s", s.label);
     TextureId empty = s.emptyFrame ? *s.emptyFrame : 0;
     TextureId filled = s.filledFrame ? *s.filledFrame : 0;
     for (int k = 0; k < 10; k++)

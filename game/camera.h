@@ -5,6 +5,9 @@
 #include <cstdint>
 
 extern float camX, camY;
+// Where the view of a level starts, in the game and in the editor alike;
+// clampCamera brings it over a small level.
+const float START_CAM_X = 200, START_CAM_Y = -550;
 // Pixels a second; the options screen sets it from its slider while shown.
 extern float scrollSpeed;
 

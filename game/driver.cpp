@@ -10,7 +10,7 @@
 #include "frontend/layout.h"
 #include "game/camera.h"
 #include "game/gamescreen.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "game/mission.h"
 #include "game/status.h"
 #include "sim/bubblemen.h"
@@ -136,20 +136,19 @@ static void pointAtLaunchButton()
     pointerY = launchButton.y;
 }
 
-// One pass of the main loop: the input sampled, the level's tick when it is
-// owed, the frame.
+static void runLevelTick()
+{
+    runScreenLogic(currentScreen);
+}
+
+// One pass of the main loop, with the level's tick when it is owed.
 static void loopPass(bool tick)
 {
     int (*const realMouse)() = readMouseButtons;
     readMouseButtons = drivenMouseButtons;
     RawInput raw = {};
     raw.mouseButtons = mouseButtons;
-    sampleInputFrom(raw);
-    input.pointerX = pointerX;
-    input.pointerY = pointerY;
-    if (tick)
-        runScreenLogic(currentScreen);
-    runGameFrameWithoutDrawing();
+    runLoopPass(raw, pointerX, pointerY, tick ? runLevelTick : nullptr, runGameFrameWithoutDrawing);
     readMouseButtons = realMouse;
 }
 

@@ -68,8 +68,8 @@ void drawCostLabels()
         glColor4f(1, 1, 0.5f, label.alpha);
         const float sx = screenX(label.x), sy = screenY(label.y);
         if (label.kind == CreditsLabelKind)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "+%d", CREDITS_PICKUP_VALUE);
+            drawText(MediumFont, sx, sy, "+%d", CREDITS_PICKUP_VALUE);
         else if (toolCost(label.kind) > 0)
-            drawText(FontTextures[1], sx, sy, 256, 128, 12, 12, -2, "-%d", toolCost(label.kind));
+            drawText(MediumFont, sx, sy, "-%d", toolCost(label.kind));
     }
 }

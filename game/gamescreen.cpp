@@ -7,7 +7,7 @@
 #include "app/screens.h"
 #include "frontend/layout.h"
 #include "game/camera.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "game/levelview.h"
 #include "game/mission.h"
 #include "game/status.h"
@@ -127,7 +127,7 @@ static void drawLabel(const Button &b, float dx, float dy, const char *text)
     const float shift = visualState(b) == 2 ? 1 : 0;
     resetDrawState();
     glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
-    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", text);
+    drawText(MediumFont, b.x + dx - shift, b.y + dy - shift, "%s", text);
 }
 
 static void drawToolbar()
@@ -149,7 +149,7 @@ static void drawToolbar()
             drawStructureIcon(b.x, b.y + 4, tool - 1, 1, 1, 1, 1);
         resetDrawState();
         glColor4f(LABEL_GREY, LABEL_GREY, LABEL_GREY, 1);
-        drawText(FontTextures[1], b.x - 16, b.y - 24, 256, 128, 12, 12, -2, "%d", toolCost(tool));
+        drawText(MediumFont, b.x - 16, b.y - 24, "%d", toolCost(tool));
     }
     drawButton(hatchPodsButton);
     drawLabel(hatchPodsButton, -52, -5, "Hatch Pods");
@@ -167,20 +167,18 @@ static void drawBanner()
              0.4f);
     resetDrawState();
     glColor4f(1, 1, 1, b.textAlpha);
-    drawTextCentred(FontTextures[0], 320, 210, 256, 128, 16, 16, -2, "%s", currentLevel.title.c_str());
+    drawTextCentred(LargeFont, 320, 210, "%s", currentLevel.title.c_str());
 }
 
 static void drawDisplay()
 {
-    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
-    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
-    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
-    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+    drawDisplayPanels();
+    drawDisplayIcons();
     resetDrawState();
     glColor4f(1, 1, 0, 1);
-    drawText(FontTextures[0], 34, 8, 256, 128, 16, 16, -2, "%d", mission.credits);
+    drawText(LargeFont, 34, 8, "%d", mission.credits);
     glColor4f(0, 1, 0, 1);
-    drawText(FontTextures[0], 217, 8, 256, 128, 16, 16, -2, "%d", mission.podsWithoutHatcher);
+    drawText(LargeFont, 217, 8, "%d", mission.podsWithoutHatcher);
 }
 
 // The clicks on the level, with the tool in hand, as the player's mouse

@@ -15,7 +15,7 @@
 static const char LAUNCH_PANEL_TEXT[] = "Ready for launch";
 
 LaunchPanel launchPanel = {
-    LAUNCH_PANEL_TEXT, &FontTextures[1], 768, 70, 1, 1, 1, 1, 0, true, false, false, false, 0, 256,
+    LAUNCH_PANEL_TEXT, MediumFont, 768, 70, 1, 1, 1, 1, 0, true, false, false, false, 0, 256,
 };
 
 static const float PANEL_SLIDE_STEP = 4;
@@ -28,7 +28,7 @@ void resetLaunchPanel()
 {
     LaunchPanel &p = launchPanel;
     p.text = LAUNCH_PANEL_TEXT;
-    p.font = &FontTextures[1];
+    p.font = MediumFont;
     p.maxOffset = PANEL_MAX_OFFSET;
     p.offset = 0;
     p.slidingIn = p.slidingOut = p.armed = false;
@@ -65,14 +65,14 @@ void tickLaunchPanelWith(bool launchClicked)
     // Also true at once in a level without pods: nothing to wait for.
     if (!p.armed && mission.savedCount == mission.podCount) {
         p.slidingIn = true;
-        EffectSoundRequest = 14;
+        EffectSoundRequest = LaunchSound;
         p.armed = true;
     }
     if (p.slidingIn && p.offset < p.maxOffset)
         p.offset += PANEL_SLIDE_STEP;
     if (launchClicked) {
         mission.launchRequested = true;
-        EffectSoundRequest = 14;
+        EffectSoundRequest = LaunchSound;
         setStatus(StatusLaunching);
         p.slidingOut = true;
         p.slidingIn = false;
@@ -120,12 +120,11 @@ void drawLaunchPanel()
         return;
     resetDrawState();
     glColor4f(p.pulse + 0.5f, 0.2f, 0.2f, p.alpha);
-    drawText(*p.font, p.x - 94, p.y + 32, 256, 128, 12, 12, -2, "%s", p.text);
+    drawText(p.font, p.x - 94, p.y + 32, "%s", p.text);
     drawTexture(p.x, p.y, SpriteTextures[1], 1, 1, 1, p.alpha);
     drawButton(launchButton);
     const float shift = visualState(launchButton) == 2 ? 1 : 0;
     resetDrawState();
     glColor4f(0.9f, 0.9f, 0.9f, 1);
-    drawText(FontTextures[0], launchButton.x - 45 - shift, launchButton.y - 8 - shift, 256, 128, 16, 16,
-             -2, "Launch");
+    drawText(LargeFont, launchButton.x - 45 - shift, launchButton.y - 8 - shift, "Launch");
 }

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "frontend/layout.h"
-#include "render/textures.h"
+#include "render/text.h"
 
 struct LaunchPanel {
     const char *text;
-    const TextureId *font;
+    FontSize font;
     float x, y;
     float r, g, b, alpha;
     float pulse;

@@ -22,6 +22,18 @@ void levelViewUpkeep()
     normaliseTerrain(currentLevel);
 }
 
+void drawDisplayPanels()
+{
+    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
+    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
+}
+
+void drawDisplayIcons()
+{
+    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
+    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+}
+
 static bool isVisible(const VisibleCells &v, int32_t x, int32_t y)
 {
     return x >= v.x0 && x < v.x1 && y >= v.y0 && y < v.y1;
@@ -94,10 +106,9 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &v)
     Level &level = currentLevel;
     const float ox = viewOriginX(), oy = viewOriginY();
 
-    countEditorPods(level);
+    levelViewUpkeep();
     drawLevelBackdrop(ox, oy);
     drawTutorialPanel(level, ox, oy);
-    normaliseTerrain(level);
 
     beginQuadBatch();
     queueTerrainCells(v, ox, oy);

@@ -22,6 +22,11 @@ void drawLevelViewCells(uint32_t screen, const VisibleCells &cells);
 void drawTerrainCells(const VisibleCells &cells, float ox, float oy);
 void drawTerrainEdges(const VisibleCells &cells, float ox, float oy);
 
+// The display's two panels, above and below the level, drawn over it.
+void drawDisplayPanels();
+// The display's credits and pods icons, on the lower panel.
+void drawDisplayIcons();
+
 // The per-frame upkeep of the view without drawing: the pod count and the
 // normalisation of the grid. The headless driver runs it where the view
 // would be drawn.

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+const int LOCKABLE_TOOL_COUNT = 9;
+
 struct MissionState {
     int32_t credits;
     bool outOfCredits;          // credits < 1, set each frame by the game screen
@@ -17,10 +19,8 @@ struct MissionState {
     bool launchRequested;
     // Girder, LeftHangingGirder, RightHangingGirder, EnergyLift, LeftLiftExit,
     // RightLiftExit, Blocker, Shovel, Dynamite: non-zero locks the tool.
-    int32_t toolLocked[9];
+    int32_t toolLocked[LOCKABLE_TOOL_COUNT];
 };
-
-const int LOCKABLE_TOOL_COUNT = 9;
 
 extern MissionState mission;
 

@@ -27,7 +27,7 @@ static void drawPanelButton(const Button &b, float dx, float dy, const char *lab
     const float shift = visualState(b) == 2 ? 1 : 0;
     resetDrawState();
     glColor4f(0.9f, 0.9f, 0.9f, 1);
-    drawText(FontTextures[1], b.x + dx - shift, b.y + dy - shift, 256, 128, 12, 12, -2, "%s", label);
+    drawText(MediumFont, b.x + dx - shift, b.y + dy - shift, "%s", label);
 }
 
 static void drawPointer()

@@ -2,6 +2,7 @@
 // for the editor's test-play proof. Both sides live here so they cannot drift.
 #include "game/solution.h"
 
+#include "sim/toolinfo.h"
 #include "world/level.h"
 
 #include <cctype>
@@ -13,24 +14,6 @@
 #include <sstream>
 
 namespace {
-
-struct ToolName {
-    int32_t tool;
-    const char *name;
-};
-
-const ToolName toolNames[] = {
-    {Girder, "girder"},
-    {LeftHangingGirder, "left-girder"},
-    {RightHangingGirder, "right-girder"},
-    {Hatcher, "hatcher"},
-    {EnergyLift, "lift"},
-    {LeftLiftExit, "left-exit"},
-    {RightLiftExit, "right-exit"},
-    {Blocker, "blocker"},
-    {Shovel, "shovel"},
-    {Dynamite, "dynamite"},
-};
 
 // Far beyond any tick limit, and small enough that step + 1 cannot overflow.
 const long MAX_STEP = 100000000;
@@ -156,18 +139,15 @@ std::string solutionLineError(int line, const std::string &text)
 
 int32_t toolFromName(const std::string &name)
 {
-    for (const ToolName &t : toolNames)
-        if (name == t.name)
-            return t.tool;
+    for (const ToolInfo &t : toolInfo)
+        if (t.id != NoTool && name == t.scriptName)
+            return t.id;
     return NoTool;
 }
 
 const char *toolName(int32_t tool)
 {
-    for (const ToolName &t : toolNames)
-        if (tool == t.tool)
-            return t.name;
-    return "none";
+    return infoOf(tool).scriptName;
 }
 
 bool parseSolution(std::istream &in, Solution &solution, std::string *error)

@@ -48,7 +48,7 @@ const char StatusLaunching[] = "Launching All Rockets!";
 const char StatusMissionRestarted[] = "Mission Restarted...";
 
 StatusLine statusLine = {
-    StatusEmpty, StatusEmpty, &FontTextures[1], 34, 367, 0.1f, 1.0f, 0.1f, 1.0f, false, false,
+    StatusEmpty, StatusEmpty, MediumFont, 34, 367, 0.1f, 1.0f, 0.1f, 1.0f, false, false,
 };
 
 void setStatus(const char *text)
@@ -99,5 +99,5 @@ void drawStatus()
     glColor4f(s.r, s.g, s.b, s.alpha);
     // The text is an argument, never the format: a message with a percent
     // sign must draw as it reads.
-    drawText(*s.font, s.x, s.y, 256, 128, 12, 12, -2, "%s", s.current ? s.current : "");
+    drawText(s.font, s.x, s.y, "%s", s.current ? s.current : "");
 }

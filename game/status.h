@@ -3,12 +3,12 @@
 // on show costs nothing and does not restart its fade.
 #pragma once
 
-#include "render/textures.h"
+#include "render/text.h"
 
 struct StatusLine {
     const char *current;        // on show
     const char *pending;        // replaces current once it has faded out
-    const TextureId *font;      // the 12-pixel sheet
+    FontSize font;
     float x, y;
     float r, g, b;
     float alpha;

@@ -118,6 +118,6 @@ void drawTutorialPanel(const Level &level, float ox, float oy)
         drawRect(cx + b->left, cy + b->bottom, cx + b->right, cy + b->top, 0.1f, 0.1f, 0.8f, alpha - 0.8f);
     glColor4f(0.8f, 0.8f, 1.0f, alpha - 0.2f);
     for (int i = 0; i < b->lineCount; i++)
-        drawText(FontTextures[2], ox + b->tx, oy - 150 - b->lines[i].d, 256, 128, 8, 8, -2, "%s",
+        drawText(SmallFont, ox + b->tx, oy - 150 - b->lines[i].d, "%s",
                  b->lines[i].text);
 }

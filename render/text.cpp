@@ -99,35 +99,44 @@ static void drawLine(const TextStyle &s, const char *text)
     glEnd();
 }
 
-void drawText(const TextureId &fontSlot, float x, float y, float sheetWidth, float sheetHeight, float cellWidth,
-              float cellHeight, float spacing, const char *format, ...)
+// Every sheet is a 256 x 128 picture of 16 x 6 square cells, read with two
+// pixels of each cell overlapping the next.
+static const float SHEET_WIDTH = 256, SHEET_HEIGHT = 128;
+static const float SPACING = -2;
+static const float CELL_SIZE[3] = {16, 12, 8};
+
+static TextStyle styleOf(FontSize size, float x, float y)
+{
+    const int sheet = size >= LargeFont && size <= SmallFont ? size : MediumFont;
+    const float cell = CELL_SIZE[sheet];
+    return TextStyle{FontTextures[sheet], x, y, SHEET_WIDTH, SHEET_HEIGHT, cell, cell, SPACING};
+}
+
+void drawText(FontSize size, float x, float y, const char *format, ...)
 {
     char text[TEXT_BUFFER_SIZE];
     va_list args;
     va_start(args, format);
     uvszprintf(text, sizeof text, format, args);
     va_end(args);
-
-    TextStyle style = {fontSlot, x, y, sheetWidth, sheetHeight, cellWidth, cellHeight, spacing};
+    TextStyle style = styleOf(size, x, y);
     bindFont(style.texture);
     drawLine(style, text);
 }
 
 // Centred on n advances less two spacings, half a spacing more than the drawn
-// width: with the usual spacing of -2 a line sits one pixel left of x.
-void drawTextCentred(const TextureId &fontSlot, float x, float y, float sheetWidth, float sheetHeight,
-                     float cellWidth, float cellHeight, float spacing, const char *format, ...)
+// width: with the spacing of -2 a line sits one pixel left of x.
+void drawTextCentred(FontSize size, float x, float y, const char *format, ...)
 {
     char text[TEXT_BUFFER_SIZE];
     va_list args;
     va_start(args, format);
     uvszprintf(text, sizeof text, format, args);
     va_end(args);
-
-    TextStyle style = {fontSlot, x, y, sheetWidth, sheetHeight, cellWidth, cellHeight, spacing};
+    TextStyle style = styleOf(size, x, y);
     bindFont(style.texture);
     float n = (float)strlen(text);
-    float advance = cellWidth + spacing;
-    style.x = x - (n * advance - 2 * spacing) * 0.5f;
+    float advance = style.cellWidth + style.spacing;
+    style.x = x - (n * advance - 2 * style.spacing) * 0.5f;
     drawLine(style, text);
 }

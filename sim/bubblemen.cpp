@@ -91,7 +91,7 @@ static void animate(Bubbleman &b)
         if (!lastFrameReached(b.suckedFrame, b.suckedCount)) {
             b.suckedFrame++;
             b.alpha -= 0.03f;
-            EffectSoundRequest = 16;
+            EffectSoundRequest = SuckedSound;
         } else {
             b.sucked = false;
             b.dead = true;
@@ -101,7 +101,7 @@ static void animate(Bubbleman &b)
         if (!lastFrameReached(b.dyingFrame, b.dyingCount)) {
             b.dyingFrame++;
             b.alpha -= 0.03f;
-            EffectSoundRequest = 16;
+            EffectSoundRequest = SuckedSound;
         } else {
             b.dying = false;
             b.dead = true;
@@ -119,9 +119,9 @@ static void animate(Bubbleman &b)
         else
             b.boarded = true;
         if (b.enterFrame == 13)
-            EffectSoundRequest = 17 + std::rand() % 3;
+            EffectSoundRequest = BoardingSound + std::rand() % 3;
         if (b.enterFrame == 2)
-            EffectSoundRequest = 20;
+            EffectSoundRequest = EnteringSound;
     } else {
         b.walkFrame++;
         // Frame 0 is the still pose of a bubbleman just born.
@@ -163,7 +163,7 @@ static void decideOnCentre(Bubbleman &b)
         stopForGood(b);
     }
     if (t == Credits) {
-        EffectSoundRequest = 3;
+        EffectSoundRequest = CreditsPickupSound;
         spawnCostLabel(cellCentreX(cx), cellCentreY(cy), CreditsLabelKind);
         addPickUpCredits();
         setTerrain(cx, cy, Empty);

@@ -2,6 +2,8 @@
 // spent or picked up.
 #pragma once
 
+#include "sim/toolinfo.h"
+
 #include <cstdint>
 #include <list>
 
@@ -17,9 +19,6 @@ struct CostLabel {
 
 // Newest first.
 extern std::list<CostLabel> costLabels;
-
-// The price of a tool in credits; 0 for anything that is not a tool.
-int32_t toolCost(int32_t tool);
 
 void spawnCostLabel(float x, float y, int32_t kind);
 void tickCostLabels();

@@ -104,7 +104,7 @@ void updateExplosions()
     for (Explosion &e : explosions) {
         if (!e.soundPlayed) {
             e.soundPlayed = true;
-            EffectSoundRequest = e.type == BlastType ? 2 : 15;
+            EffectSoundRequest = e.type == BlastType ? BlastSound : ChainExplosionSound;
         }
         if (e.frame < LAST_EXPLOSION_FRAME) {
             e.frame++;

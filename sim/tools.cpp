@@ -9,18 +9,16 @@
 #include "sim/cells.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"
+#include "sim/toolinfo.h"
 #include "world/level.h"
 
-static const int REFUSAL_SOUND = 12;
-static const int BUILD_SOUND = 1;
-static const int DIG_SOUND = 26;
 static const float PLAY_BAND_BOTTOM = 40;
 static const float PLAY_BAND_TOP = 480 - 128;
 
 static void refuse(const char *message)
 {
     setStatus(message);
-    SoundRequest = REFUSAL_SOUND;
+    SoundRequest = RefusalSound;
 }
 
 static void charge(int32_t tool, int x, int y)
@@ -29,129 +27,123 @@ static void charge(int32_t tool, int x, int y)
     spawnCostLabel(cellCentreX(x), cellCentreY(y), tool);
 }
 
-static const char *builtMessage(int32_t tool)
+// What the placement rules look at in a cell, read once for the click and
+// for the preview alike.
+struct CellFit {
+    bool target;        // empty (a structure), a pod, diggable or blastable
+    bool held;          // BuildRule: something holds the structure up
+    bool freeAbove;     // DigRule, BlastRule
+    bool dry;           // DigRule, BlastRule
+};
+
+static CellFit fitOf(const ToolInfo &t, int x, int y)
 {
-    switch (tool) {
-    case Girder: return StatusGirderBuilt;
-    case LeftHangingGirder: return StatusLeftHangingGirderBuilt;
-    case RightHangingGirder: return StatusRightHangingGirderBuilt;
-    case EnergyLift: return StatusEnergyLiftBuilt;
-    case LeftLiftExit: return StatusLeftLiftExitBuilt;
-    case RightLiftExit: return StatusRightLiftExitBuilt;
-    case Blocker: return StatusBlockerBuilt;
-    default: return StatusEmpty;
+    CellFit f = {false, true, true, true};
+    switch (t.rule) {
+    case BuildRule:
+        f.target = !isOccupied(x, y);
+        f.held = t.cellTest(x, y);
+        break;
+    case HatchRule:
+        f.target = t.cellTest(x, y);
+        break;
+    case DigRule:
+    case BlastRule:
+        f.target = t.cellTest(x, y);
+        f.freeAbove = isFreeAbove(x, y);
+        f.dry = isAwayFromWater(x, y);
+        break;
+    default:
+        f.held = false;
+        break;
     }
+    return f;
+}
+
+static bool fits(const CellFit &f)
+{
+    return f.target && f.held && f.freeAbove && f.dry;
 }
 
 // Standing structures and hanging girders share one rule; only what holds
 // them up differs.
-static void buildStructure(int32_t tool, int x, int y, bool held, const char *notHeld)
+static void buildStructure(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    const int32_t cost = toolCost(tool);
-    const bool occupied = isOccupied(x, y);
-    if (occupied)
+    if (!f.target)
         refuse(StatusCannotBuildHere);
-    else if (mission.credits < cost)
+    else if (mission.credits < t.cost)
         refuse(StatusNotEnoughCredits);
-    if (mission.credits >= cost && !occupied && held) {
-        setStructure(x, y, tool);
-        charge(tool, x, y);
-        SoundRequest = BUILD_SOUND;
-        setStatus(builtMessage(tool));
+    if (mission.credits >= t.cost && fits(f)) {
+        setStructure(x, y, t.id);
+        charge(t.id, x, y);
+        SoundRequest = BuildSound;
+        setStatus(t.doneMessage);
     }
-    if (!held)
-        refuse(notHeld);
+    if (!f.held)
+        refuse(t.untestedMessage);
 }
 
-static void buildHatcher(int x, int y)
+static void buildHatcher(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    const int32_t cost = toolCost(Hatcher);
-    const bool pod = isPod(x, y);
-    if (!pod)
-        refuse(StatusHatcherOverPod);
-    else if (mission.credits < cost)
+    if (!f.target)
+        refuse(t.untestedMessage);
+    else if (mission.credits < t.cost)
         refuse(StatusNotEnoughCredits);
-    if (mission.credits >= cost && pod) {
-        setStatus(StatusHatcherBuilt);
-        SoundRequest = BUILD_SOUND;
+    if (mission.credits >= t.cost && fits(f)) {
+        setStatus(t.doneMessage);
+        SoundRequest = BuildSound;
         setStructure(x, y, Hatcher);
         setTerrain(x, y, Empty);
-        mission.credits -= cost;
+        mission.credits -= t.cost;
         mission.podsWithoutHatcher--;
         spawnCostLabel(cellCentreX(x), cellCentreY(y), Hatcher);
     }
 }
 
-static void dig(int x, int y)
+// Digging and blasting share the refusals; the blast brings its own sound
+// with the explosion.
+static void clearCell(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    const int32_t cost = toolCost(Shovel);
-    const bool diggable = isDiggable(x, y);
-    const bool freeAbove = isFreeAbove(x, y);
-    const bool dry = isAwayFromWater(x, y);
-    if (!diggable)
-        refuse(StatusCannotDig);
-    else if (mission.credits < cost)
+    if (!f.target)
+        refuse(t.untestedMessage);
+    else if (mission.credits < t.cost)
         refuse(StatusNotEnoughCredits);
-    if (mission.credits >= cost && diggable && freeAbove && dry) {
-        setStatus(StatusDigging);
-        SoundRequest = DIG_SOUND;
-        setTerrain(x, y, Empty);
-        charge(Shovel, x, y);
+    if (mission.credits >= t.cost && fits(f)) {
+        setStatus(t.doneMessage);
+        if (t.rule == DigRule) {
+            SoundRequest = DigSound;
+            setTerrain(x, y, Empty);
+        } else {
+            detonateRadioactive(x, y);
+            detonateExplosive(x, y);
+            spawnExplosion(cellCentreX(x), cellCentreY(y), BlastExplosion);
+            setStructure(x, y, 0);
+            setTerrain(x, y, Empty);
+        }
+        charge(t.id, x, y);
     }
-    if (!freeAbove)
-        refuse(StatusDigUnderStructure);
-    if (!dry)
-        refuse(StatusDigNearWater);
-}
-
-// The blast brings its own sound with the explosion.
-static void blast(int x, int y)
-{
-    const int32_t cost = toolCost(Dynamite);
-    const bool blastable = isBlastable(x, y);
-    const bool freeAbove = isFreeAbove(x, y);
-    const bool dry = isAwayFromWater(x, y);
-    if (!blastable)
-        refuse(StatusCannotDestroy);
-    else if (mission.credits < cost)
-        refuse(StatusNotEnoughCredits);
-    if (mission.credits >= cost && blastable && freeAbove && dry) {
-        setStatus(StatusDestroying);
-        detonateRadioactive(x, y);
-        detonateExplosive(x, y);
-        spawnExplosion(cellCentreX(x), cellCentreY(y), BlastExplosion);
-        setStructure(x, y, 0);
-        setTerrain(x, y, Empty);
-        charge(Dynamite, x, y);
-    }
-    if (!freeAbove)
-        refuse(StatusBlastUnderStructure);
-    if (!dry)
-        refuse(StatusBlastNearWater);
+    if (!f.freeAbove)
+        refuse(t.rule == DigRule ? StatusDigUnderStructure : StatusBlastUnderStructure);
+    if (!f.dry)
+        refuse(t.rule == DigRule ? StatusDigNearWater : StatusBlastNearWater);
 }
 
 void useToolOnCell(int32_t tool, int x, int y)
 {
     if (!inGrid(x, y))
         return;
-    switch (tool) {
-    case Girder: case EnergyLift: case LeftLiftExit: case RightLiftExit: case Blocker:
-        buildStructure(tool, x, y, hasFootingBelow(x, y), StatusNeedsFooting);
+    const ToolInfo &t = infoOf(tool);
+    const CellFit f = fitOf(t, x, y);
+    switch (t.rule) {
+    case BuildRule:
+        buildStructure(t, x, y, f);
         break;
-    case LeftHangingGirder:
-        buildStructure(tool, x, y, hasRightAnchor(x, y), StatusNeedsAnchor);
+    case HatchRule:
+        buildHatcher(t, x, y, f);
         break;
-    case RightHangingGirder:
-        buildStructure(tool, x, y, hasLeftAnchor(x, y), StatusNeedsAnchor);
-        break;
-    case Hatcher:
-        buildHatcher(x, y);
-        break;
-    case Shovel:
-        dig(x, y);
-        break;
-    case Dynamite:
-        blast(x, y);
+    case DigRule:
+    case BlastRule:
+        clearCell(t, x, y, f);
         break;
     default:
         break;
@@ -160,24 +152,7 @@ void useToolOnCell(int32_t tool, int x, int y)
 
 bool toolFitsCell(int32_t tool, int x, int y)
 {
-    if (!inGrid(x, y))
-        return false;
-    switch (tool) {
-    case Girder: case EnergyLift: case LeftLiftExit: case RightLiftExit: case Blocker:
-        return !isOccupied(x, y) && hasFootingBelow(x, y);
-    case LeftHangingGirder:
-        return !isOccupied(x, y) && hasRightAnchor(x, y);
-    case RightHangingGirder:
-        return !isOccupied(x, y) && hasLeftAnchor(x, y);
-    case Hatcher:
-        return isPod(x, y);
-    case Shovel:
-        return isDiggable(x, y) && isFreeAbove(x, y) && isAwayFromWater(x, y);
-    case Dynamite:
-        return isBlastable(x, y) && isFreeAbove(x, y) && isAwayFromWater(x, y);
-    default:
-        return false;
-    }
+    return inGrid(x, y) && fits(fitOf(infoOf(tool), x, y));
 }
 
 bool pointerInPlayBand(float pointerY)

@@ -154,7 +154,7 @@ TEST_F(Pixels, TextIsFixedPitchAndCutFromTheRightCells)
     FontTextures[1] = sheet;
 
     glColor4f(1, 1, 1, 1);
-    drawText(FontTextures[1], 100, 50, 256, 128, 12, 12, -2, "Ok");
+    drawText(MediumFont, 100, 50, "Ok");
     EXPECT_EQ(coveredColumns(55, Black), std::make_pair(100, 121)) << "O at 100..112, k at 110..122";
     EXPECT_EQ(coveredRows(105, Black), std::make_pair(50, 61));
     EXPECT_EQ(at(105, 55), cellColour(2, 3)) << "O is row 3, column 2";
@@ -164,13 +164,13 @@ TEST_F(Pixels, TextIsFixedPitchAndCutFromTheRightCells)
 
     fill(Black);
     glColor4f(1, 1, 1, 1);
-    drawTextCentred(FontTextures[1], 320, 50, 256, 128, 12, 12, -2, "Ok");
+    drawTextCentred(MediumFont, 320, 50, "Ok");
     EXPECT_EQ(coveredColumns(55, Black), std::make_pair(308, 329));
 
     // A character without a cell leaves a gap one advance wide.
     fill(Black);
     glColor4f(1, 1, 1, 1);
-    drawText(FontTextures[1], 100, 50, 256, 128, 12, 12, -2, "O|k");
+    drawText(MediumFont, 100, 50, "O|k");
     EXPECT_EQ(at(105, 55), cellColour(2, 3));
     EXPECT_EQ(at(115, 55), Black);
     EXPECT_EQ(at(125, 55), cellColour(4, 1)) << "k at index 2";
@@ -179,7 +179,7 @@ TEST_F(Pixels, TextIsFixedPitchAndCutFromTheRightCells)
     // Formatted, including the minus sign and the space cell.
     fill(Black);
     glColor4f(1, 1, 1, 1);
-    drawText(FontTextures[1], 100, 50, 256, 128, 12, 12, -2, "%d %s", -12, "\xE9z");
+    drawText(MediumFont, 100, 50, "%d %s", -12, "\xE9z");
     EXPECT_EQ(at(105, 55), cellColour(13, 4)) << "-";
     EXPECT_EQ(at(115, 55), cellColour(1, 0)) << "1";
     EXPECT_EQ(at(125, 55), cellColour(2, 0)) << "2";
@@ -188,13 +188,13 @@ TEST_F(Pixels, TextIsFixedPitchAndCutFromTheRightCells)
     // The text takes the colour set before the call.
     fill(Black);
     glColor4f(1, 0, 0, 1);
-    drawText(FontTextures[1], 100, 50, 256, 128, 12, 12, -2, "O");
+    drawText(MediumFont, 100, 50, "O");
     EXPECT_EQ(at(105, 55), (Rgba{cellColour(2, 3).r, 0, 0, 255}));
 
     // Nothing to draw draws nothing.
     fill(Black);
-    drawTextCentred(FontTextures[1], 320, 50, 256, 128, 12, 12, -2, "%s", "");
-    drawText(FontTextures[1], 320, 50, 256, 128, 12, 12, -2, "%s", "");
+    drawTextCentred(MediumFont, 320, 50, "%s", "");
+    drawText(MediumFont, 320, 50, "%s", "");
     EXPECT_EQ(coveredColumns(55, Black), std::make_pair(-1, -1));
 }
 

@@ -3,7 +3,7 @@
 #include "sim_levels.h"
 
 #include "audio/audio.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "sim/cells.h"
 #include "sim/costlabels.h"
 #include "sim/explosions.h"

@@ -5,7 +5,7 @@
 // other mission may borrow a tutorial title and show a panel that does not
 // belong to it.
 #include "game/driver.h"
-#include "game/gametick.h"
+#include "game/toolbar.h"
 #include "game/mission.h"
 #include "game/tutorial.h"
 #include "world/level.h"

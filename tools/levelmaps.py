@@ -43,8 +43,20 @@ LEGEND = {
     "1": 19, "2": 20, "3": 21, "4": 22,   # world items: amethyst, crate, mushroom, shrub (3 and 4 can be dug)
     "X": 23,                      # explosive
 }
-TOOLS = ["girder", "left-girder", "right-girder", "lift", "left-exit", "right-exit",
-         "blocker", "shovel", "dynamite"]
+TOOL_TABLE = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "sim", "toolinfo.cpp")
+
+
+def lockable_tool_names(table=TOOL_TABLE):
+    """The script names of the tools a level can lock, in the order of its
+    lock lines, read from the game's own tool table (one row a line: ToolId,
+    cost, lock index, name)."""
+    row = re.compile(r'^\s*\{\w+, \d+, (\d+), "([^"]+)"')
+    with open(table) as f:
+        rows = [row.match(line) for line in f]
+    return [m.group(2) for m in sorted((m for m in rows if m), key=lambda m: int(m.group(1)))]
+
+
+TOOLS = lockable_tool_names()
 SKY_ROWS = 7
 SKY_KEEP = {13, 15, 17}
 NAME = re.compile(r"^P([1-4])M(0[1-9]|1[0-5])$")

@@ -280,12 +280,10 @@ void drawView(bool full)
     drawBubblemen();
 }
 
-void drawDisplayPanels()
+static void drawDisplay()
 {
-    drawTextureSized(320, 416, SpriteTextures[0], 1, 1, 1, 1, 640, 128);
-    drawTextureSized(320, 64, SpriteTextures[2], 1, 1, 1, 1, 640, 128);
-    drawTexture(70, 17, SpriteTextures[5], 1, 1, 1, 1);
-    drawTexture(310, 17, mission.hatched ? SpriteTextures[16] : SpriteTextures[15], 1, 1, 1, 1);
+    drawDisplayPanels();
+    drawDisplayIcons();
 }
 
 bool loadLevel(const ShotOptions &o, Level &level, std::string *error)
@@ -360,7 +358,7 @@ int main(int argc, char **argv)
     beginFrame2D();
     drawView(o.full);
     if (o.hud)
-        drawDisplayPanels();
+        drawDisplay();
     endFrame2D();
     glFinish();
 

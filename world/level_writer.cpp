@@ -3,7 +3,7 @@
 // whitespace-separated custom reader.
 #include "world/level_writer.h"
 
-std::string levelText(const Level &level, int32_t credits, const int32_t toolLocked[9])
+std::string levelText(const Level &level, int32_t credits, const int32_t toolLocked[LOCKABLE_TOOL_COUNT])
 {
     // A line break inside the title would shift every number after it.
     std::string title;

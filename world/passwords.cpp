@@ -45,7 +45,7 @@ void showNextPassword()
     savedPassword = passwordTable[missionsUnlocked];
     drawTexture(320, 240 - 165, SpriteTextures[44], 1, 1, 1, 1);
     glColor4f(pulseB, 1, 1, 1);
-    drawTextCentred(FontTextures[1], 320, 240 - 180, 256, 128, 12, 12, -2, "%s", savedPassword.c_str());
+    drawTextCentred(MediumFont, 320, 240 - 180, "%s", savedPassword.c_str());
 }
 
 void checkPassword()
@@ -55,7 +55,7 @@ void checkPassword()
         if (enteredText != passwordTable[i - 1])
             continue;
         matched = true;
-        SoundRequest = 5;
+        SoundRequest = PasswordAcceptedSound;
         savedPassword = enteredText;
         missionsUnlocked = i;
         int planet = planetOfMission(i);
@@ -64,5 +64,5 @@ void checkPassword()
         passwordAccepted = true;
     }
     if (!matched)
-        SoundRequest = 4;
+        SoundRequest = WrongPasswordSound;
 }

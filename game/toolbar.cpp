@@ -1,55 +1,17 @@
-#include "game/gametick.h"
+// The toolbar's rules: which tool a click may take up, what "Hatch Pods"
+// does, and what a frame puts down again afterwards.
+#include "game/toolbar.h"
 
 #include "audio/audio.h"
 #include "game/mission.h"
 #include "game/status.h"
-#include "sim/bubblemen.h"
-#include "sim/costlabels.h"
-#include "sim/explosions.h"
 #include "sim/pods.h"
-#include "sim/rockets.h"
-#include "sim/tools.h"
+#include "sim/toolinfo.h"
 #include "world/level.h"
-
-static const int HATCH_SOUND = 25;
-
-// Index into MissionState::toolLocked, or -1 for a tool without a lock.
-static int lockIndex(int32_t tool)
-{
-    switch (tool) {
-    case Girder: return 0;
-    case LeftHangingGirder: return 1;
-    case RightHangingGirder: return 2;
-    case EnergyLift: return 3;
-    case LeftLiftExit: return 4;
-    case RightLiftExit: return 5;
-    case Blocker: return 6;
-    case Shovel: return 7;
-    case Dynamite: return 8;
-    default: return -1;
-    }
-}
-
-static const char *chosenMessage(int32_t tool)
-{
-    switch (tool) {
-    case Girder: return StatusPlaceGirder;
-    case LeftHangingGirder: return StatusPlaceLeftHangingGirder;
-    case RightHangingGirder: return StatusPlaceRightHangingGirder;
-    case Hatcher: return StatusPlaceHatcher;
-    case EnergyLift: return StatusPlaceEnergyLift;
-    case LeftLiftExit: return StatusPlaceLeftLiftExit;
-    case RightLiftExit: return StatusPlaceRightLiftExit;
-    case Blocker: return StatusPlaceBlocker;
-    case Shovel: return StatusSelectGround;
-    case Dynamite: return StatusSelectBlowUp;
-    default: return nullptr;
-    }
-}
 
 bool toolIsLocked(int32_t tool)
 {
-    const int i = lockIndex(tool);
+    const int i = infoOf(tool).lockIndex;
     return i >= 0 && mission.toolLocked[i] != 0;
 }
 
@@ -78,7 +40,7 @@ void chooseTool(int32_t tool)
         return;
     }
     currentTool = tool;
-    setStatus(chosenMessage(tool));
+    setStatus(infoOf(tool).chosenMessage);
 }
 
 void pressHatchPods()
@@ -91,7 +53,7 @@ void pressHatchPods()
         hatchPods();
         mission.hatched = true;
         setStatus(StatusHatchingPods);
-        SoundRequest = HATCH_SOUND;
+        SoundRequest = HatchSound;
     }
 }
 
