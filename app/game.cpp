@@ -32,7 +32,10 @@ END_OF_FUNCTION(onCloseButton)
 void runMainLoop()
 {
     while (!quitRequested) {
-        runLoopPass(readDeviceInput(), (float)mouse_x, (float)(SCREEN_HEIGHT - mouse_y), runOwedTicks, drawFrame);
+        // The pointer first: the buttons leave out a press made on the
+        // border around the picture.
+        const PicturePoint pointer = samplePicturePointer();
+        runLoopPass(readDeviceInput(), (float)pointer.x, (float)(SCREEN_HEIGHT - pointer.y), runOwedTicks, drawFrame);
         rest(0);
         checkGlError();
         if (openManualRequested)
