@@ -4,7 +4,7 @@
 #include "app/config.h"
 #include "app/atomic_write.h"
 #include "app/log.h"
-#include "app/gamedir.h"
+#include "app/paths.h"
 
 #include <cctype>
 #include <cstdio>
@@ -144,10 +144,9 @@ bool readConfigFrom(const char *path, std::string *error)
 void readConfig()
 {
     logLine("Reading gameconfig.cfg...");
-    char path[1100];
-    snprintf(path, sizeof path, "%s/gameconfig.cfg", DataRoot);
+    const std::string path = playerFilePath(PlayerConfig);
     std::string error;
-    if (!readConfigFrom(path, &error))
+    if (!readConfigFrom(path.c_str(), &error))
         fatalError("%s", error.c_str());
     logLine("Successfully read gameconfig.cfg");
 }
@@ -189,9 +188,8 @@ bool writeConfigTo(const char *path)
 void writeConfig()
 {
     logLine("Writing gameconfig.cfg...");
-    char path[1100];
-    snprintf(path, sizeof path, "%s/gameconfig.cfg", DataRoot);
-    if (!writeConfigTo(path)) {
+    const std::string path = playerFilePath(PlayerConfig);
+    if (!writeConfigTo(path.c_str())) {
         logLine("# ERROR! # Cannot save to gameconfig.cfg!");
         fatalError("Cannot save to gameconfig.cfg!");
     }

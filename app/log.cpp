@@ -2,7 +2,7 @@
 // per noteworthy step, and a trailer when the game ends normally.
 
 #include "app/log.h"
-#include "app/gamedir.h"
+#include "app/paths.h"
 
 #include <allegro.h>
 
@@ -52,9 +52,7 @@ static const char *osTypeName(int type)
 
 void openLog()
 {
-    char path[1100];
-    snprintf(path, sizeof path, "%s/gamelog.txt", DataRoot);
-    openLogAt(path);
+    openLogAt(playerFilePath(PlayerLog).c_str());
 }
 
 void openLogAt(const char *path)

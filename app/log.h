@@ -1,4 +1,4 @@
-// The game log, gamelog.txt beside the executable. Every line is flushed as it
+// The game log, gamelog.txt. Every line is flushed as it
 // is written, so a crash keeps everything logged up to it.
 #pragma once
 
@@ -6,7 +6,7 @@
 
 extern const char GAME_VERSION[];
 
-// Where openLog writes; by default "<DataRoot>/gamelog.txt".
+// openLog writes where the player's log belongs (app/paths.h).
 void openLog();
 void openLogAt(const char *path);
 void logLine(const char *format, ...) __attribute__((format(printf, 1, 2)));

@@ -63,6 +63,11 @@ void setScreen(u32 id)
     currentScreen = id;
 }
 
+bool fadeRunning()
+{
+    return transition.alpha != 0.0f;
+}
+
 void startTransition(u32 from, u32 to, u32 starfieldMode)
 {
     currentScreen = Transition;

@@ -84,6 +84,11 @@ struct ScreenHandlers {
 };
 ScreenHandlers *handlersFor(u32 id);
 
+// Whether a fade is under way: its veil has some alpha. Buttons are updated
+// under the veil (so they look as the pointer finds them) but their clicks
+// are not taken then.
+bool fadeRunning();
+
 void setScreen(u32 id);
 void startTransition(u32 from, u32 to, u32 starfieldMode);
 void runScreenLogic(u32 id);

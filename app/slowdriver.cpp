@@ -42,7 +42,7 @@ void slowDriverFrame()
         const std::string commandLine = std::string("\"") + toolPath + "\"";
         launchProcess(toolPath, commandLine.c_str(), 0);
         exit(1);
-    } else if (wasClicked(dialogLowerButton) && transition.alpha == 0.0f) {
+    } else if (wasClicked(dialogLowerButton) && !fadeRunning()) {
         startTransition(SlowDriverWarning, Intro, StarfieldMenu);
     }
 

@@ -3,7 +3,9 @@
 #include "app/startup.h"
 #include "app/config.h"
 #include "app/log.h"
+#include "app/paths.h"
 #include "app/screens.h"
+#include "app/window_icon.h"
 #include "app/window_scale.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
@@ -39,6 +41,7 @@ static void installOrDie(bool failed, const char *logText, const char *fatalText
 
 void startLibraries()
 {
+    nameGameWindow();
     if (allegro_init() != 0) {
         // No log and no message box can exist yet (under Linux this is what
         // happens without an X display), so the terminal is told why.
@@ -54,6 +57,7 @@ void startLibraries()
     setDataRootFromExecutable(executable);
 
     openLog();
+    preparePlayerFiles();
 
     set_window_title("Delvemoor");
     logLine("Window title set");
@@ -219,6 +223,7 @@ void setVideoMode()
     logLine("Setting up polygon mode...");
     setDrawingState();
     glClearColor(0, 0, 0, 0);
+    setGameWindowIcon();
     fitWindowToDesktop(!settings.fullscreen);
     logLine("Graphical/Video Mode setup completed!");
 }

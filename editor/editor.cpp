@@ -365,7 +365,9 @@ bool saveEditorLevel()
 
     currentLevel.campaignLevel = 0;
     const std::string text = levelText(currentLevel, editorDoc.credits, editorDoc.toolLocked);
-    std::string path = editorDoc.path, detail;
+    // A level opened from elsewhere (an example shipped in the read-only
+    // game folder) is saved as a new level of the player's.
+    std::string path = editorDoc.path.rfind(folder + "/", 0) == 0 ? editorDoc.path : std::string(), detail;
     WriteFailure failure;
     if (!path.empty()) {
         failure = writeFileAtomically(path, text, true, &detail);

@@ -100,7 +100,7 @@ void exitScreenFrame()
 
     updateButton(exitWebPageButton, input.pointerX, input.pointerY);
     updateButton(exitGameButton, input.pointerX, input.pointerY);
-    if (transition.alpha == 0.0f) {
+    if (!fadeRunning()) {
         if (wasClicked(exitWebPageButton)) {
             openWebsiteAfterExit = 1;
             leave();

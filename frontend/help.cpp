@@ -18,7 +18,7 @@ void helpFrame()
 
     updateButton(dialogUpperButton, input.pointerX, input.pointerY);
     updateButton(dialogLowerButton, input.pointerX, input.pointerY);
-    if (transition.alpha == 0.0f) {
+    if (!fadeRunning()) {
         if (wasClicked(dialogUpperButton)) {
             startTransition(Help, Help, StarfieldMenu);
             openManualRequested = 1;

@@ -35,11 +35,6 @@ static void drawPointer()
     drawTexture(input.pointerX, input.pointerY, CursorTextures[0], 1, 1, 1, 1);
 }
 
-static bool fadeRunning()
-{
-    return transition.alpha != 0;
-}
-
 void pausePanelFrame()
 {
     dimLevel();

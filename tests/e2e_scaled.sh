@@ -11,21 +11,7 @@ CLOSE_WINDOW=$2
 WORK=$3
 SOURCE_DIR=${DELVEMOOR_SOURCE_DIR:-$(cd "$(dirname "$0")/.." && pwd)}
 PY=/usr/bin/python3
-failures=0
-
-check() {  # check <description> <command...>
-    local what=$1; shift
-    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
-}
-wait_for_line() {  # wait_for_line <file> <text> <seconds>
-    local i
-    for ((i = 0; i < $3 * 10; i++)); do
-        grep -qF -- "$2" "$1" 2>/dev/null && return 0
-        sleep 0.1
-    done
-    return 1
-}
-
+source "$(dirname "$0")/shell_checks.sh"
 wait_for_count() {  # wait_for_count <file> <text> <count> <seconds>: the text on that many lines
     local i
     for ((i = 0; i < $4 * 10; i++)); do
@@ -195,9 +181,4 @@ if grep -qx "SCREENMODE = WINDOWED" "$G/gameconfig.cfg"; then
 fi
 check "full screen asked: no sanitizer report" bash -c "! grep -q Sanitizer '$WORK/fullscreen.out'"
 
-echo
-if [ "$failures" -gt 0 ]; then
-    echo "$failures check(s) failed"
-    exit 1
-fi
-echo "the enlarged window plays like the small one"
+finish "the enlarged window plays like the small one"

@@ -5,6 +5,7 @@
 #include "world/catalogue.h"
 #include "app/log.h"
 #include "app/gamedir.h"
+#include "app/paths.h"
 #include "game/mission.h"
 #include "world/level.h"
 
@@ -40,7 +41,7 @@ void buildCampaignLevelNames()
 
 std::string customLevelFolder()
 {
-    return std::string(DataRoot) + "/custom";
+    return playerFilePath(PlayerCustomFolder);
 }
 
 int planetOfMission(int32_t n)
@@ -160,17 +161,19 @@ static std::vector<std::string> customFileNames(const std::string &folder)
     return names;
 }
 
-static void catalogueCustomFolder()
+// A file in the player's folder hides a shipped example of the same name: the
+// player's copy is the one they edited.
+static void catalogueCustomFolder(const std::string &folder, std::vector<std::string> &taken, int &catalogued)
 {
-    const std::string folder = customLevelFolder();
     std::vector<std::string> names = customFileNames(folder);
-    int catalogued = 0;
     for (size_t i = 0; i < names.size(); i++) {
         if (catalogued >= CUSTOM_LEVEL_LIMIT || (int)i >= 4 * CUSTOM_LEVEL_LIMIT) {
             logLine("# ERROR! # %s holds more files than the game reads; %d are left out", folder.c_str(),
                     (int)(names.size() - i));
             break;
         }
+        if (std::find(taken.begin(), taken.end(), names[i]) != taken.end())
+            continue;
         const std::string path = folder + "/" + names[i];
         Level header{};
         std::string why;
@@ -180,8 +183,21 @@ static void catalogueCustomFolder()
         }
         // Whatever its line 4 says, a file of this folder is the player's own.
         addCatalogueEntry(header.title, header.planet, header.missionNumber, 0, path);
+        taken.push_back(names[i]);
         catalogued++;
     }
+}
+
+// The player's levels, then the examples that ship with the game when the
+// player's folder is elsewhere.
+static void catalogueCustomLevels()
+{
+    std::vector<std::string> taken;
+    int catalogued = 0;
+    const std::string own = customLevelFolder();
+    catalogueCustomFolder(own, taken, catalogued);
+    if (shippedCustomFolder() != own)
+        catalogueCustomFolder(shippedCustomFolder(), taken, catalogued);
 }
 
 void loadLevelCatalogue()
@@ -191,7 +207,7 @@ void loadLevelCatalogue()
         list.clear();
     logLine("Loading levels...");
     catalogueCampaign();
-    catalogueCustomFolder();
+    catalogueCustomLevels();
     for (std::list<CatalogueEntry> &list : levelLists)
         list.sort([](const CatalogueEntry &a, const CatalogueEntry &b) { return a.missionNumber < b.missionNumber; });
 }

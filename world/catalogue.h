@@ -31,9 +31,9 @@ void addCatalogueEntry(const std::string &title, int32_t planet, int32_t mission
                        int32_t campaignLevel, const std::string &path);
 void advanceCampaign();
 
-// The folder of the player's own levels in the game directory ("custom"):
-// the catalogue files every level there into the custom lists, the editor
-// saves into it.
+// The folder of the player's own levels (app/paths.h says where): the
+// catalogue files every level there into the custom lists, beside the
+// examples shipped with the game; the editor saves into it.
 std::string customLevelFolder();
 
 // Planets the campaign has opened that the player has not clicked yet: the

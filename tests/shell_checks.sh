@@ -1,0 +1,22 @@
+# Shared by the shell tests: one line per check, a count of the failures.
+failures=0
+check() {  # check <description> <command...>
+    local what=$1; shift
+    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
+}
+wait_for_line() {  # wait_for_line <file> <text> <seconds>
+    local i
+    for ((i = 0; i < $3 * 10; i++)); do
+        grep -qF -- "$2" "$1" 2>/dev/null && return 0
+        sleep 0.1
+    done
+    return 1
+}
+finish() {  # finish <what passing means>
+    echo
+    if [ "$failures" -gt 0 ]; then
+        echo "$failures check(s) failed"
+        exit 1
+    fi
+    echo "$1"
+}
