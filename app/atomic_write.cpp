@@ -39,6 +39,8 @@ static std::string folderOf(const std::string &path)
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+int (*renameWrittenFile)(const char *from, const char *to) = rename;
+
 WriteFailure writeFileAtomically(const std::string &path, const std::string &text,
                                  bool replaceExisting, std::string *detail)
 {
@@ -79,7 +81,7 @@ WriteFailure writeFileAtomically(const std::string &path, const std::string &tex
         return fail(error, "cannot close", temp, detail);
     }
     // A hard link fails rather than replace: the no-overwrite twin of rename.
-    const int placed = replaceExisting ? rename(temp.c_str(), path.c_str())
+    const int placed = replaceExisting ? renameWrittenFile(temp.c_str(), path.c_str())
                                        : link(temp.c_str(), path.c_str());
     if (placed != 0) {
         const int error = errno;

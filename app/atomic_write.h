@@ -22,3 +22,7 @@ enum WriteFailure : int32_t {
 // *detail (if given) says what the system reported.
 WriteFailure writeFileAtomically(const std::string &path, const std::string &text,
                                  bool replaceExisting, std::string *detail);
+
+// The rename that puts a finished file in place of the old one; a test puts
+// a failing one here to stand for a crash between two saves.
+extern int (*renameWrittenFile)(const char *from, const char *to);

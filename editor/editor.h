@@ -6,11 +6,21 @@
 
 #include "game/gamescreen.h"
 #include "game/mission.h"
+#include "game/proof.h"
 #include "world/level.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
+
+// Everything a level file holds: the header, the credits, the locks and the
+// terrain. Undo steps, "Unsaved" and the proof all compare these, so no
+// counter can disagree with what the player sees.
+struct EditorContent {
+    Level level;                // the structure grid and the cursor play no part
+    int32_t credits;
+    int32_t toolLocked[9];
+};
 
 // The level being edited. While the editor is on screen its grid and header
 // live in currentLevel (where the paint step and the level view work); the
@@ -22,10 +32,13 @@ struct EditorDocument {
     int32_t credits;
     int32_t toolLocked[LOCKABLE_TOOL_COUNT];
     std::string path;           // the custom file it came from or was saved to; empty: never saved
-    uint32_t generation;        // names the painted state; every edit makes a new one
-    uint32_t savedGeneration;   // the state that is on disk (or was opened)
+    EditorContent baseline;     // what is on disk (or the fresh level): "Unsaved" means different
 };
 extern EditorDocument editorDoc;
+
+// The content of the painting as it stands now.
+EditorContent paintingContent();
+bool paintingMatches(const EditorContent &content);
 
 // What a new level starts as and what the settings allow.
 const int NEW_LEVEL_WIDTH = 30;
@@ -41,7 +54,11 @@ struct LevelSettings {
     int32_t width, height;
     int32_t credits;
     int32_t toolLocked[LOCKABLE_TOOL_COUNT];
+    int32_t missionNumber;      // orders the player's levels in Custom Game
 };
+const int MAX_MISSION_NUMBER = 999;
+// The number after the last custom level of the planet.
+int32_t nextCustomMissionNumber(int32_t planet);
 
 // Puts the document into currentLevel as the editor screen opens (a blank
 // level the first time), and keeps it when the editor is left.
@@ -54,8 +71,8 @@ bool editorHasUnsavedChanges();
 // of border. Replaces the document (the caller asks about unsaved changes).
 void newEditorLevel(const LevelSettings &settings);
 // The settings of the level on show, and changing them: a new size keeps
-// the cells of the top-left corner and fills the rest like a new level; the
-// resize is one undo step.
+// the cells of the top-left corner and fills the rest like a new level.
+// A change is one undo step, as a stroke is.
 LevelSettings currentLevelSettings();
 void applyLevelSettings(const LevelSettings &settings);
 // Checks typed settings; false with the reason on the status line.
@@ -66,19 +83,26 @@ bool levelSettingsValid(const LevelSettings &settings);
 bool openEditorLevel(const std::string &path, bool campaign);
 
 // Saves into the custom folder: over the file it came from, or a new file
-// named after the title that takes the place of no other. A proof recorded
-// for exactly this painting is saved beside it; an older one is removed.
-// Every outcome is said on the status line.
+// named after the title that takes the place of no other. A winning run that
+// still wins the level as saved goes beside it as its proof; otherwise the
+// old proof is removed. Every outcome is said on the status line.
 bool saveEditorLevel();
+// A new file for the painting under a new title; the old file stays as it is.
+bool saveEditorLevelAs(const std::string &title);
+// Save As with the title marked as a copy.
+bool duplicateEditorLevel();
+// The title and the file name change together, the proof follows; an
+// unsaved painting is saved on the way.
+bool renameEditorLevel(const std::string &title);
+// Removes the level's file and its proof; the editor goes on with a blank level.
+bool deleteEditorLevel();
 // The file name a never-saved level gets in folder: its title in plain
 // letters, with a number added until no file has it.
 std::string newLevelFileName(const std::string &folder, const std::string &title);
-// The proof beside a level file: "x.level" has "x.solution".
-std::string solutionPathFor(const std::string &levelPath);
 
-// Undo and redo of painting: a stroke of the held button is one step. The
-// paint step opens a step before its first write of a stroke; the frame
-// without a press closes it.
+// Undo and redo: a stroke of the held button, an area fill or a settings
+// change is one step. The paint step opens a step before its first write of
+// a stroke; the frame without a press closes it.
 void openUndoStep();
 void endStroke();
 bool undoEdit();
@@ -96,12 +120,14 @@ bool testPlayRunning();
 // back and, when the run was won, keeps its actions as the level's proof.
 void finishTestPlay();
 
-// The winning run of the painting with the given generation, if any, as the
-// solution script levelcheck reads.
+// The winning run of the painting, if any, as the solution script levelcheck
+// reads: proven by replay on verifiedText, the level file as it was then.
 struct EditorProof {
     bool valid;
-    uint32_t generation;
+    EditorContent content;
+    std::string verifiedText;
     std::string script;
+    std::string refutedText;    // the last level text its replay lost
 };
 extern EditorProof editorProof;
 bool proofMatchesPainting();
@@ -113,7 +139,10 @@ void discardEditorChanges();
 // At shut-down (the window closed, a signal) with the painting unsaved: it
 // is saved as a new custom level beside the others, named after its title
 // with "unsaved", so quitting never loses it and never writes over a file.
+// Its title says it was recovered, and the editor opens it first at the next
+// start of the game.
 void keepUnsavedEditorWork();
+const char RECOVERED_TITLE_PREFIX[] = "Recovered: ";
 
 // The messages of the editor.
 extern const char StatusLevelSaved[];
@@ -130,6 +159,14 @@ extern const char StatusNothingToRedo[];
 extern const char StatusUndone[];
 extern const char StatusRedone[];
 extern const char StatusProofSaved[];
+extern const char StatusSavedProven[];
+extern const char StatusProofDropped[];
+extern const char StatusProofNotSaved[];
+extern const char StatusNeverSaved[];
+extern const char StatusLevelDeleted[];
+extern const char StatusDeleteFailed[];
+extern const char StatusRenamed[];
+extern const char StatusBadMission[];
 extern const char StatusProofKept[];
 extern const char StatusTestPlayNotWon[];
 extern const char StatusTestPlayFailed[];

@@ -20,16 +20,27 @@
 #include "render/stars.h"
 #include "render/text.h"
 #include "sim/toolinfo.h"
+#include "sim/tools.h"
 
 #include <allegro.h>
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <sys/stat.h>
 
 EditorScreen editorScreen = {};
 
+const char StatusModeCells[] = "Paint cell by cell";
+const char StatusModeRectangle[] = "Paint rectangles: drag from corner to corner";
+const char StatusModeFlood[] = "Fill areas: click a cell to fill all like it around";
+const char StatusGridOn[] = "Grid on";
+const char StatusGridOff[] = "Grid off";
+
 namespace {
+
+const float TICKS_PER_SECOND = 40.0f;
 
 // The paint tools in palette order, with their captions.
 const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
@@ -38,7 +49,11 @@ const char *const paletteCaptions[PAINT_TOOL_COUNT] = {
 };
 const int WIDE_PALETTE = 10;
 
-const char *const menuCaptions[5] = {"New Level", "Open Level", "Save Level", "Settings", "Main Menu"};
+// The menu in two columns: making and keeping a level on the left, the
+// file's name and fate and the way out on the right.
+const char *const menuCaptions[5] = {"New Level", "Open Level", "Save Level", "Save As", "Duplicate"};
+const char *const fileCaptions[4] = {"Rename", "Delete", "Settings", "Main Menu"};
+const float MENU_LEFT_X = 250;
 
 // Typed fields: where they stand on the settings panel and what they take.
 struct FieldBox {
@@ -52,15 +67,18 @@ const FieldBox fieldBoxes[SETTINGS_FIELD_COUNT] = {
     {"Width", 520, 290, 600, 310, 3, true},
     {"Height", 520, 250, 600, 270, 3, true},
     {"Credits", 520, 210, 600, 230, 6, true},
+    {"Mission", 520, 330, 600, 350, 3, true},
 };
 
 // Settings panel buttons, clear of the lock column and the planet grid.
 Button &settingsOkButton = editorPanelButtons[0];       // (406, 160)
 Button &settingsCancelButton = editorPanelButtons[2];   // (406, 86)
-// The question's three answers.
+// The question's answers. Its "Cancel" stands where the settings panel's
+// "Cancel" stands, and the answer that throws work away where no panel has
+// a "Cancel" or a "Back": a click from habit keeps the work.
 Button &questionSaveButton = editorPanelButtons[4];     // (320, 176)
-Button &questionDiscardButton = editorPanelButtons[3];  // (406, 86)
-Button &questionCancelButton = editorPanelButtons[1];   // (166, 86)
+Button &questionDiscardButton = editorPanelButtons[1];  // (166, 86)
+Button &questionCancelButton = editorPanelButtons[3];   // (406, 86), the twin of settingsCancelButton
 // The buttons under the level.
 Button &undoButton = editorBottomPairButtons[0];
 Button &redoButton = editorBottomPairButtons[1];
@@ -192,6 +210,7 @@ void readSettingsFields(LevelSettings &s)
     s.width = std::atoi(editorScreen.fields[WidthField].c_str());
     s.height = std::atoi(editorScreen.fields[HeightField].c_str());
     s.credits = std::atoi(editorScreen.fields[CreditsField].c_str());
+    s.missionNumber = std::atoi(editorScreen.fields[MissionField].c_str());
 }
 
 bool pointerIn(float x0, float y0, float x1, float y1)
@@ -298,13 +317,43 @@ void drawBottomButtons()
     drawText(SmallFont, 112, 20, "Pods %d/%d", editorPodCount, EDITOR_POD_LIMIT);
     setColour(0.9f, 0.9f, 0.9f, 1.0f);
     drawText(SmallFont, 112, 8, "%dx%d", currentLevel.width, currentLevel.height);
+    // The cell under the pointer, counted as the level file and the
+    // solutions count them: x from the left, y from the top row.
+    if (pointerInPlayBand(input.pointerY))
+        drawText(SmallFont, 164, 8, "%d,%d", currentLevel.cursorX, currentLevel.cursorY);
+    drawSmallText(164, 20, paintMode == PaintRectangle ? "Rect" : paintMode == PaintFlood ? "Fill" : "Cell");
     setColour(1.0f, 1.0f, 0.0f, 1.0f);
     drawText(SmallFont, 428, 20, "%d", editorDoc.credits);
     if (editorHasUnsavedChanges()) {
         setColour(1.0f, 0.6f, 0.2f, 1.0f);
         drawSmallText(428, 8, "Unsaved");
+    } else if (proofMatchesPainting()) {
+        setColour(0.3f, 1.0f, 0.3f, 1.0f);
+        drawSmallText(428, 8, "Proven");
     }
     setColour(1, 1, 1, 1);
+}
+
+// The grid over the cells, and the rectangle being dragged.
+void drawPaintingAids()
+{
+    const VisibleCells v = visibleCells();
+    const float ox = viewOriginX() - 16, oy = viewOriginY() + 16;
+    if (editorScreen.grid) {
+        // Every fifth line a little stronger, for counting cells.
+        for (int32_t x = v.x0; x <= v.x1; x++)
+            drawRect(ox + 32.0f * x, 0, ox + 32.0f * x + 1, SCREEN_HEIGHT, 1, 1, 1, x % 5 ? 0.15f : 0.35f);
+        for (int32_t y = v.y0; y <= v.y1; y++)
+            drawRect(0, oy - 32.0f * y - 1, SCREEN_WIDTH, oy - 32.0f * y, 1, 1, 1, y % 5 ? 0.15f : 0.35f);
+    }
+    if (areaDrag.active) {
+        const int32_t x0 = std::min(areaDrag.x0, currentLevel.cursorX), x1 = std::max(areaDrag.x0, currentLevel.cursorX);
+        const int32_t y0 = std::min(areaDrag.y0, currentLevel.cursorY), y1 = std::max(areaDrag.y0, currentLevel.cursorY);
+        const float left = ox + 32.0f * x0, right = ox + 32.0f * (x1 + 1);
+        const float top = oy - 32.0f * y0, bottom = oy - 32.0f * (y1 + 1);
+        drawRect(left, bottom, right, top, 0.4f, 1.0f, 0.4f, 0.15f);
+        drawOutline(left, bottom, right, top, 0.4f, 1.0f, 0.4f, 0.9f);
+    }
 }
 
 void dimLevel(float alpha)
@@ -323,21 +372,36 @@ void drawPanelBox(float x0, float y0, float x1, float y1)
 // The panels: each draws itself and, when the editor is on screen, acts on
 // its buttons.
 
+// The column of five serves this menu alone; it stands left of centre to
+// make room for the second column, from the moment the menu opens.
+void openMenuPanel()
+{
+    for (Button &b : editorColumnButtons)
+        b.x = MENU_LEFT_X;
+    editorScreen.panel = MenuPanel;
+}
+
 void menuPanelFrame()
 {
     dimLevel(0.5f);
-    drawPanelBox(220, 110, 420, 330);
+    drawPanelBox(170, 110, 470, 330);
     setColour(1, 1, 1, 1);
     drawMediumCentred(320, 304, "Editor");
     for (int i = 0; i < 5; i++) {
         drawButton(editorColumnButtons[i]);
         drawCentredLabel(editorColumnButtons[i], menuCaptions[i]);
     }
+    for (int i = 0; i < 4; i++) {
+        drawButton(editorFileButtons[i]);
+        drawCentredLabel(editorFileButtons[i], fileCaptions[i]);
+    }
     drawButton(menuBackButton);
     drawCentredLabel(menuBackButton, "Back");
     if (!interactive())
         return;
     for (Button &b : editorColumnButtons)
+        updateButton(b, input.pointerX, input.pointerY);
+    for (Button &b : editorFileButtons)
         updateButton(b, input.pointerX, input.pointerY);
     updateButton(menuBackButton, input.pointerX, input.pointerY);
     if (wasClicked(editorColumnButtons[0]))
@@ -348,10 +412,54 @@ void menuPanelFrame()
         editorScreen.panel = NoPanel;
         saveEditorLevel();
     } else if (wasClicked(editorColumnButtons[3]))
+        openTitlePanel(SaveAsAction);
+    else if (wasClicked(editorColumnButtons[4])) {
+        editorScreen.panel = NoPanel;
+        duplicateEditorLevel();
+    } else if (wasClicked(editorFileButtons[0]))
+        openTitlePanel(RenameAction);
+    else if (wasClicked(editorFileButtons[1])) {
+        editorScreen.pendingAction = DeleteLevelAction;
+        editorScreen.panel = editorDoc.path.empty() ? NoPanel : QuestionPanel;
+        if (editorDoc.path.empty())
+            deleteEditorLevel();    // says there is no file
+    } else if (wasClicked(editorFileButtons[2]))
         openSettingsPanel(false);
-    else if (wasClicked(editorColumnButtons[4]))
+    else if (wasClicked(editorFileButtons[3]))
         requestEditorAction(LeaveEditorAction);
     else if (wasClicked(menuBackButton))
+        editorScreen.panel = NoPanel;
+}
+
+// Save As and Rename: the title alone, on a small panel.
+void titlePanelFrame()
+{
+    dimLevel(0.6f);
+    drawPanelBox(90, 60, 550, 300);
+    setColour(1, 1, 1, 1);
+    const bool rename = editorScreen.pendingAction == RenameAction;
+    drawMediumCentred(320, 266, rename ? "Rename Level" : "Save Level As");
+    setColour(0.8f, 0.8f, 0.8f, 1);
+    drawSmallCentred(320, 240, rename ? "The title and the file name change together"
+                                      : "A new file: the level's old file stays as it is");
+    const float x0 = 110, y0 = 196, x1 = 530, y1 = 216;
+    drawRect(x0, y0, x1, y1, 0, 0, 0, 0.8f);
+    drawOutline(x0, y0, x1, y1, 1.0f, 0.75f, 0.2f, 1.0f);
+    setColour(0.85f, 0.85f, 0.85f, 1);
+    drawMediumText(x0 + 6, y0 + 4, editorScreen.fields[TitleField].c_str());
+    drawRect(x0 + 6 + 10 * editorScreen.cursor[TitleField], y0 + 3, x0 + 8 + 10 * editorScreen.cursor[TitleField],
+             y1 - 3, 1, 0.75f, 0.2f, pulseA);
+    drawButton(settingsOkButton);
+    drawCentredLabel(settingsOkButton, rename ? "Rename" : "Save");
+    drawButton(settingsCancelButton);
+    drawCentredLabel(settingsCancelButton, "Cancel");
+    if (!interactive())
+        return;
+    updateButton(settingsOkButton, input.pointerX, input.pointerY);
+    updateButton(settingsCancelButton, input.pointerX, input.pointerY);
+    if (wasClicked(settingsOkButton))
+        confirmTitlePanel();
+    else if (wasClicked(settingsCancelButton))
         editorScreen.panel = NoPanel;
 }
 
@@ -431,8 +539,16 @@ void settingsPanelFrame()
     for (int32_t p = 1; p <= 4; p++) {
         Button &b = planetButton(p);
         updateButton(b, input.pointerX, input.pointerY);
-        if (wasClicked(b))
+        if (wasClicked(b) && s.planet != p) {
             s.planet = p;
+            // A level moved to another planet goes to the end of its list
+            // there, unless the player numbers it himself.
+            const LevelSettings now = currentLevelSettings();
+            const int32_t number =
+                !editorScreen.settingsForNew && p == now.planet ? now.missionNumber : nextCustomMissionNumber(p);
+            editorScreen.fields[MissionField] = numberText(number);
+            editorScreen.cursor[MissionField] = (int32_t)editorScreen.fields[MissionField].size();
+        }
     }
     updateButton(settingsOkButton, input.pointerX, input.pointerY);
     updateButton(settingsCancelButton, input.pointerX, input.pointerY);
@@ -440,6 +556,80 @@ void settingsPanelFrame()
         confirmSettingsPanel();
     else if (wasClicked(settingsCancelButton))
         editorScreen.panel = NoPanel;
+}
+
+// The highlighted level of the open list, read once per highlight and
+// drawn by the level view's own cell pictures, scaled into a box.
+const float THUMBNAIL_X0 = 400, THUMBNAIL_Y0 = 130, THUMBNAIL_X1 = 608, THUMBNAIL_Y1 = 390;
+struct Thumbnail {
+    std::string path;
+    bool loaded;
+    Level level;
+};
+Thumbnail thumbnail;
+
+bool loadThumbnail(const CatalogueEntry &e)
+{
+    if (thumbnail.path == e.path)
+        return thumbnail.loaded;
+    thumbnail.path = e.path;
+    // Read with a scratch mission: the list only looks.
+    MissionState scratch = {};
+    std::string error;
+    if (editorScreen.openCampaign) {
+        PACKFILE *file = pack_fopen(e.path.c_str(), F_READ);
+        thumbnail.loaded = file && parseLevelPackfile(file, thumbnail.level, scratch, &error);
+        if (file)
+            pack_fclose(file);
+    } else {
+        std::ifstream in(e.path);
+        thumbnail.loaded = in.good() && parseLevelStream(in, thumbnail.level, scratch, &error);
+    }
+    if (thumbnail.loaded)
+        normaliseTerrain(thumbnail.level);
+    return thumbnail.loaded;
+}
+
+void drawOpenThumbnail()
+{
+    drawRect(THUMBNAIL_X0, THUMBNAIL_Y0, THUMBNAIL_X1, THUMBNAIL_Y1, 0.02f, 0.03f, 0.08f, 1);
+    drawOutline(THUMBNAIL_X0, THUMBNAIL_Y0, THUMBNAIL_X1, THUMBNAIL_Y1, 0.4f, 0.4f, 0.5f, 1);
+    const int32_t index = editorScreen.openHighlight;
+    setColour(0.7f, 0.7f, 0.7f, 1);
+    if (index < 0 || index >= (int32_t)editorScreen.openEntries.size()) {
+        drawSmallCentred((THUMBNAIL_X0 + THUMBNAIL_X1) / 2, (THUMBNAIL_Y0 + THUMBNAIL_Y1) / 2,
+                         "Point at a level to see it");
+        return;
+    }
+    if (!loadThumbnail(editorScreen.openEntries[index])) {
+        drawSmallCentred((THUMBNAIL_X0 + THUMBNAIL_X1) / 2, (THUMBNAIL_Y0 + THUMBNAIL_Y1) / 2,
+                         "This level cannot be read");
+        return;
+    }
+    const Level &level = thumbnail.level;
+    const float w = 32.0f * level.width, h = 32.0f * level.height;
+    const float boxW = THUMBNAIL_X1 - THUMBNAIL_X0 - 8, boxH = THUMBNAIL_Y1 - THUMBNAIL_Y0 - 8;
+    const float scale = std::min(boxW / w, boxH / h);
+    const float left = (THUMBNAIL_X0 + THUMBNAIL_X1 - w * scale) / 2;
+    const float top = (THUMBNAIL_Y0 + THUMBNAIL_Y1 + h * scale) / 2;
+    // Every primitive starts from an identity model-view, so the shrinking
+    // goes on the projection, for the cells drawn here alone.
+    resetDrawState();
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glTranslatef(left, top, 0);
+    glScalef(scale, scale, 1);
+    glMatrixMode(GL_MODELVIEW);
+    for (int32_t x = 0; x < level.width; x++)
+        for (int32_t y = 0; y < level.height; y++)
+            drawTerrainCell(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
+    for (int32_t x = 0; x < level.width; x++)
+        for (int32_t y = 0; y < level.height; y++)
+            drawEdgeOverlays(level, x, y, 32.0f * x + 16, -32.0f * y - 16);
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    resetDrawState();
 }
 
 void openPanelFrame()
@@ -458,24 +648,33 @@ void openPanelFrame()
     const int32_t pages = ((int32_t)entries.size() + OPEN_ROWS_PER_PAGE - 1) / OPEN_ROWS_PER_PAGE;
     if (entries.empty()) {
         setColour(1, 1, 1, 1);
-        drawMediumCentred(320, 240, "No levels here yet");
+        drawMediumCentred(210, 240, "No levels here yet");
     }
+    // The row under the pointer is the one pictured on the right.
+    if (interactive())
+        editorScreen.openHighlight = -1;
     for (int i = 0; i < OPEN_ROWS_PER_PAGE && first + i < (int32_t)entries.size(); i++) {
         const CatalogueEntry &e = entries[first + i];
         Button &b = editorLeftColumnButtons[i];
+        if (interactive() && pointerIn(b.x - 16, b.y - 18, THUMBNAIL_X0 - 6, b.y + 18))
+            editorScreen.openHighlight = first + i;
+        if (editorScreen.openHighlight == first + i)
+            drawRect(b.x - 18, b.y - 18, THUMBNAIL_X0 - 6, b.y + 18, 1, 1, 1, 0.08f);
         drawButton(b);
         setColour(0.9f, 0.9f, 0.9f, 1);
         drawSmallCentredLabel(b, ">");
         setColour(0.9f, 0.9f, 0.9f, 1);
-        std::string title = e.title.substr(0, 34);
-        drawMediumText(b.x + 24, b.y - 6, title.c_str());
+        std::string title = e.title.substr(0, 24);
+        drawMediumText(b.x + 24, b.y - 1, title.c_str());
         setColour(0.6f, 0.8f, 1.0f, 1);
-        drawText(SmallFont, 530, b.y - 4, "Planet %d #%d", e.planet, e.missionNumber);
+        drawText(SmallFont, b.x + 24, b.y - 13, "Planet %d #%d", e.planet, e.missionNumber);
         if (editorScreen.openProven[first + i]) {
             setColour(0.3f, 1.0f, 0.3f, 1);
-            drawSmallText(480, b.y - 4, "Proven");
+            drawSmallText(b.x + 124, b.y - 13, "Proven");
         }
     }
+    if (!entries.empty())
+        drawOpenThumbnail();
     drawButton(previousPageButton);
     drawSmallCentredLabel(previousPageButton, "<");
     drawButton(nextPageButton);
@@ -497,6 +696,19 @@ void openPanelFrame()
             return;
         }
     }
+    // The whole row is a button too: pressed and released on the same row.
+    if (input.leftPressed) {
+        if (editorScreen.openRowHeld < 0)
+            editorScreen.openRowHeld =
+                editorScreen.openHighlight >= 0 ? editorScreen.openHighlight : OPEN_ROW_PRESS_OUTSIDE;
+    } else {
+        const int32_t held = editorScreen.openRowHeld;
+        editorScreen.openRowHeld = -1;
+        if (held >= 0 && held == editorScreen.openHighlight) {
+            openListedLevel(held);
+            return;
+        }
+    }
     updateButton(previousPageButton, input.pointerX, input.pointerY);
     updateButton(nextPageButton, input.pointerX, input.pointerY);
     updateButton(openBackButton, input.pointerX, input.pointerY);
@@ -515,24 +727,29 @@ void openPanelFrame()
 
 void questionPanelFrame()
 {
+    const bool deleting = editorScreen.pendingAction == DeleteLevelAction;
     dimLevel(0.6f);
     drawPanelBox(90, 60, 550, 300);
     setColour(1, 1, 1, 1);
-    drawMediumCentred(320, 266, "This level has unsaved changes");
+    drawMediumCentred(320, 266, deleting ? "Delete this level?" : "This level has unsaved changes");
     setColour(0.8f, 0.8f, 0.8f, 1);
-    drawSmallCentred(320, 240, "Save them before going on?");
-    drawButton(questionSaveButton);
-    drawCentredLabel(questionSaveButton, "Save");
+    drawSmallCentred(320, 240, deleting ? "Its file and its winning run are removed for good"
+                                        : "Save them before going on?");
+    if (!deleting) {
+        drawButton(questionSaveButton);
+        drawCentredLabel(questionSaveButton, "Save");
+    }
     drawButton(questionDiscardButton);
-    drawCentredLabel(questionDiscardButton, "Discard");
+    drawCentredLabel(questionDiscardButton, deleting ? "Delete" : "Discard");
     drawButton(questionCancelButton);
     drawCentredLabel(questionCancelButton, "Cancel");
     if (!interactive())
         return;
-    updateButton(questionSaveButton, input.pointerX, input.pointerY);
+    if (!deleting)
+        updateButton(questionSaveButton, input.pointerX, input.pointerY);
     updateButton(questionDiscardButton, input.pointerX, input.pointerY);
     updateButton(questionCancelButton, input.pointerX, input.pointerY);
-    if (wasClicked(questionSaveButton))
+    if (!deleting && wasClicked(questionSaveButton))
         answerQuestion(0);
     else if (wasClicked(questionDiscardButton))
         answerQuestion(1);
@@ -563,7 +780,7 @@ void handleEditorButtons()
     else if (wasClicked(testPlayButton)) {
         startTestPlay();
     } else if (wasClicked(menuButton))
-        editorScreen.panel = MenuPanel;
+        openMenuPanel();
 }
 
 } // namespace
@@ -593,6 +810,11 @@ void answerQuestion(int32_t choice)
     editorScreen.panel = NoPanel;
     if (choice == 2)
         return;
+    if (action == DeleteLevelAction) {
+        if (choice == 1)
+            deleteEditorLevel();
+        return;
+    }
     // A save that fails keeps the player here with the message on show:
     // going on would lose the very work the question was about.
     if (choice == 0 && !saveEditorLevel())
@@ -610,6 +832,7 @@ void openSettingsPanel(bool forNew)
     e.settingsForNew = forNew;
     if (forNew) {
         e.settings = currentLevelSettings();
+        e.settings.missionNumber = nextCustomMissionNumber(e.settings.planet);
         e.settings.title = "";
         e.settings.width = NEW_LEVEL_WIDTH;
         e.settings.height = NEW_LEVEL_HEIGHT;
@@ -623,11 +846,34 @@ void openSettingsPanel(bool forNew)
     e.fields[WidthField] = numberText(e.settings.width);
     e.fields[HeightField] = numberText(e.settings.height);
     e.fields[CreditsField] = numberText(e.settings.credits);
+    e.fields[MissionField] = numberText(e.settings.missionNumber);
     for (int f = 0; f < SETTINGS_FIELD_COUNT; f++)
         e.cursor[f] = (int32_t)e.fields[f].size();
     e.focus = TitleField;
     e.panel = SettingsPanel;
     clearTypedKeys();
+}
+
+void openTitlePanel(int32_t action)
+{
+    EditorScreen &e = editorScreen;
+    e.pendingAction = action;
+    e.fields[TitleField] = currentLevelSettings().title.substr(0, MAX_TITLE_CHARS);
+    focusField(TitleField);
+    e.panel = TitlePanel;
+    clearTypedKeys();
+}
+
+bool confirmTitlePanel()
+{
+    EditorScreen &e = editorScreen;
+    const std::string title = e.fields[TitleField];
+    if (title.find_first_not_of(' ') == std::string::npos) {
+        setStatus(StatusBadTitle);
+        return false;
+    }
+    e.panel = NoPanel;
+    return e.pendingAction == RenameAction ? renameEditorLevel(title) : saveEditorLevelAs(title);
 }
 
 bool confirmSettingsPanel()
@@ -655,10 +901,13 @@ void openOpenPanel()
     for (int list = firstList; list < firstList + LEVEL_LIST_COUNT / 2; list++)
         for (const CatalogueEntry &entry : levelLists[list]) {
             e.openEntries.push_back(entry);
-            struct stat proof;
-            e.openProven.push_back(!e.openCampaign && stat(solutionPathFor(entry.path).c_str(), &proof) == 0);
+            e.openProven.push_back(!e.openCampaign && levelProvenOnDisk(entry.path));
         }
     e.openPage = 0;
+    e.openHighlight = -1;
+    // A press that began before the list was up is not a click on a row.
+    e.openRowHeld = input.leftPressed ? OPEN_ROW_PRESS_OUTSIDE : -1;
+    thumbnail.path.clear();
     e.panel = OpenPanel;
 }
 
@@ -700,13 +949,36 @@ void editorKey(int key)
             typeIntoField(e.focus, key);
         return;
     }
+    if (e.panel == TitlePanel) {
+        if (scancode == KEY_ENTER || scancode == KEY_ENTER_PAD)
+            confirmTitlePanel();
+        else if (scancode != KEY_ESC && scancode != KEY_TAB)
+            typeIntoField(TitleField, key);
+        return;
+    }
     if (e.panel != NoPanel)
         return;
-    // Ctrl+Z and Ctrl+Y, as in every program that paints.
+    // Ctrl+Z, Ctrl+Y and Ctrl+S, as in every program that paints.
     if (c == 26)
         undoEdit();
     else if (c == 25)
         redoEdit();
+    else if (c == 19)
+        saveEditorLevel();
+    else if (scancode == KEY_F5)
+        startTestPlay();
+    else
+        switch (c >= 'A' && c <= 'Z' ? c + 32 : c) {
+        case 'b': paintMode = PaintCells; setStatus(StatusModeCells); break;
+        case 'r': paintMode = PaintRectangle; setStatus(StatusModeRectangle); break;
+        case 'f': paintMode = PaintFlood; setStatus(StatusModeFlood); break;
+        case 'e': pickToolAt(currentLevel.cursorX, currentLevel.cursorY); break;
+        case 'g':
+            e.grid = !e.grid;
+            setStatus(e.grid ? StatusGridOn : StatusGridOff);
+            break;
+        default: break;
+        }
 }
 
 void editorTick()
@@ -716,8 +988,17 @@ void editorTick()
     tickDriftingStars();
     if (!interactive())
         return;
-    for (int key = nextTypedKey(); key >= 0; key = nextTypedKey())
+    // F5 may have started a test-play: the keys after it are the game's.
+    for (int key = nextTypedKey(); key >= 0 && interactive(); key = nextTypedKey())
         editorKey(key);
+    if (!interactive())
+        return;
+    // The arrows scroll as the screen edges do, at the same speed.
+    if (editorScreen.panel == NoPanel) {
+        const float step = scrollSpeed / TICKS_PER_SECOND;
+        camX += step * (float)(input.right - input.left);
+        camY += step * (float)(input.up - input.down);
+    }
     if (input.escape && !editorScreen.escapeWasDown)
         editorEscape();
     editorScreen.escapeWasDown = input.escape != 0;
@@ -731,6 +1012,7 @@ void editorFrame()
     drawLevelView(LevelEditor);
 
     resetDrawState();
+    drawPaintingAids();
     drawStatus();
     drawDisplayPanels();
     drawPalette();
@@ -749,6 +1031,7 @@ void editorFrame()
     case SettingsPanel: settingsPanelFrame(); break;
     case OpenPanel: openPanelFrame(); break;
     case QuestionPanel: questionPanelFrame(); break;
+    case TitlePanel: titlePanelFrame(); break;
     default:
         if (interactive()) {
             handleEditorButtons();

@@ -21,6 +21,7 @@ enum EditorPanel : int32_t {
     SettingsPanel = 2,
     OpenPanel = 3,
     QuestionPanel = 4,
+    TitlePanel = 5,
 };
 
 // What waits behind the unsaved-changes question.
@@ -29,6 +30,10 @@ enum EditorAction : int32_t {
     NewLevelAction = 1,
     OpenLevelAction = 2,
     LeaveEditorAction = 3,
+    // Behind the delete question and the title panel.
+    DeleteLevelAction = 4,
+    SaveAsAction = 5,
+    RenameAction = 6,
 };
 
 // The typed fields of the settings panel, in the order Tab walks them.
@@ -37,10 +42,13 @@ enum SettingsField : int32_t {
     WidthField = 1,
     HeightField = 2,
     CreditsField = 3,
-    SETTINGS_FIELD_COUNT = 4,
+    MissionField = 4,
+    SETTINGS_FIELD_COUNT = 5,
 };
 
 const int OPEN_ROWS_PER_PAGE = 9;
+// openRowHeld for a press that began off the rows (or before the list).
+const int32_t OPEN_ROW_PRESS_OUTSIDE = 1 << 30;
 
 struct EditorScreen {
     bool sessionOpen;           // the document is in currentLevel
@@ -48,7 +56,7 @@ struct EditorScreen {
     // fade is over: the screen's entry clears the status line.
     const char *entryMessage;
     int32_t panel;
-    int32_t pendingAction;      // what the question stands before
+    int32_t pendingAction;      // what the question (or the title panel) stands before
     bool escapeWasDown;
     // The settings panel: for a new level, or for the level on show.
     bool settingsForNew;
@@ -60,9 +68,19 @@ struct EditorScreen {
     bool openCampaign;
     int32_t openPage;
     std::vector<CatalogueEntry> openEntries;
-    std::vector<bool> openProven;   // a winning run lies beside the level
+    std::vector<bool> openProven;   // the proof beside the level names its very bytes
+    int32_t openHighlight;          // the row under the pointer, whose picture is shown; -1 none
+    int32_t openRowHeld;            // the row the held button went down on; -1 none
+    // Painting aids.
+    bool grid;
 };
 extern EditorScreen editorScreen;
+
+extern const char StatusModeCells[];
+extern const char StatusModeRectangle[];
+extern const char StatusModeFlood[];
+extern const char StatusGridOn[];
+extern const char StatusGridOff[];
 
 // Where each paint tool sits: the first ten on the wide palette row, the
 // last three on the small buttons at the lower left.
@@ -77,7 +95,12 @@ void editorEscape();
 // The actions behind the menu's buttons; each asks first about unsaved
 // changes where something would be lost.
 void requestEditorAction(int32_t action);
-void answerQuestion(int32_t choice);   // 0 save first, 1 discard, 2 cancel
+// The question's answers: for unsaved changes 0 save first, 1 discard,
+// 2 cancel; before a delete 1 deletes and 2 cancels.
+void answerQuestion(int32_t choice);
+// Save As and Rename ask for the title first.
+void openTitlePanel(int32_t action);
+bool confirmTitlePanel();
 void openSettingsPanel(bool forNew);
 bool confirmSettingsPanel();
 void openOpenPanel();

@@ -14,9 +14,15 @@
 #include "sim/tools.h"
 #include "world/level.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 const char StatusMaxPods[] = "Maximum number of pods placed";
+const char StatusNothingToPick[] = "No paint tool paints that";
+
+int32_t paintMode = PaintCells;
+AreaDrag areaDrag = {false, 0, 0};
 
 namespace {
 
@@ -64,7 +70,127 @@ const PaintTool &paintTool(int32_t tool)
     return paintTools[tool - FIRST_PAINT_TOOL];
 }
 
+// A flood fill reacts to the first frame of a press only.
+bool floodLatch = false;
+
+int32_t podsOnMap()
+{
+    int32_t pods = 0;
+    for (const std::vector<int32_t> &column : currentLevel.terrain)
+        for (int32_t code : column)
+            pods += code == Pod;
+    return pods;
+}
+
+// One cell of an area, as a click on it would paint it; *pods follows the map.
+bool paintAreaCell(int32_t x, int32_t y, int32_t *pods, bool *refused)
+{
+    if (currentTool == PaintPod && *pods >= EDITOR_POD_LIMIT) {
+        *refused = true;
+        return false;
+    }
+    const int32_t code = paintedCode(currentTool, std::rand());
+    int32_t &cell = currentLevel.terrain[x][y];
+    if (cell == code)
+        return false;
+    openUndoStep();
+    *pods += (code == Pod) - (cell == Pod);
+    cell = code;
+    return true;
+}
+
+// What makes two cells alike for the flood fill: the tool that paints them
+// (any dirt is dirt), or the very code where no tool paints it.
+int32_t cellKind(int32_t code)
+{
+    const int32_t tool = toolForCode(code);
+    return tool != NoTool ? tool : 1000 + code;
+}
+
+bool paintCells(const std::vector<std::pair<int32_t, int32_t>> &cells)
+{
+    int32_t pods = podsOnMap();
+    bool painted = false, refused = false;
+    for (const auto &c : cells)
+        painted = paintAreaCell(c.first, c.second, &pods, &refused) || painted;
+    endStroke();
+    setStatus(refused ? StatusMaxPods : paintMessage(currentTool));
+    return painted;
+}
+
 } // namespace
+
+int32_t toolForCode(int32_t code)
+{
+    if (code == Radioactive1 || code == Radioactive2)
+        return PaintRadioactive;
+    for (int i = 0; i < PAINT_TOOL_COUNT; i++) {
+        const PaintTool &row = paintTools[i];
+        if (i + FIRST_PAINT_TOOL != PaintRadioactive && code >= row.firstCode && code < row.firstCode + row.choices)
+            return FIRST_PAINT_TOOL + i;
+    }
+    return NoTool;
+}
+
+bool paintRectangle(int32_t x0, int32_t y0, int32_t x1, int32_t y1)
+{
+    if (!isPaintTool(currentTool))
+        return false;
+    const int32_t left = x0 < x1 ? x0 : x1, right = x0 < x1 ? x1 : x0;
+    const int32_t top = y0 < y1 ? y0 : y1, bottom = y0 < y1 ? y1 : y0;
+    std::vector<std::pair<int32_t, int32_t>> cells;
+    for (int32_t x = left; x <= right; x++)
+        for (int32_t y = top; y <= bottom; y++)
+            if (x >= 0 && y >= 0 && x < currentLevel.width && y < currentLevel.height)
+                cells.push_back({x, y});
+    return paintCells(cells);
+}
+
+bool floodPaint(int32_t x, int32_t y)
+{
+    const Level &level = currentLevel;
+    if (!isPaintTool(currentTool) || x < 0 || y < 0 || x >= level.width || y >= level.height)
+        return false;
+    const int32_t kind = cellKind(level.terrain[x][y]);
+    // Dirt poured on dirt would only shuffle the ground's look.
+    if (kind == currentTool) {
+        setStatus(paintMessage(currentTool));
+        return false;
+    }
+    std::vector<std::vector<bool>> seen(level.width, std::vector<bool>(level.height, false));
+    std::vector<std::pair<int32_t, int32_t>> stack = {{x, y}}, cells;
+    seen[x][y] = true;
+    while (!stack.empty()) {
+        const auto c = stack.back();
+        stack.pop_back();
+        cells.push_back(c);
+        const int32_t next[4][2] = {{c.first - 1, c.second}, {c.first + 1, c.second},
+                                    {c.first, c.second - 1}, {c.first, c.second + 1}};
+        for (const auto &n : next)
+            if (n[0] >= 0 && n[1] >= 0 && n[0] < level.width && n[1] < level.height && !seen[n[0]][n[1]] &&
+                cellKind(level.terrain[n[0]][n[1]]) == kind) {
+                seen[n[0]][n[1]] = true;
+                stack.push_back({n[0], n[1]});
+            }
+    }
+    // Column by column, as the rectangle goes: the same cells in the same order.
+    std::sort(cells.begin(), cells.end());
+    return paintCells(cells);
+}
+
+bool pickToolAt(int32_t x, int32_t y)
+{
+    if (x < 0 || y < 0 || x >= currentLevel.width || y >= currentLevel.height)
+        return false;
+    const int32_t tool = toolForCode(currentLevel.terrain[x][y]);
+    if (tool == NoTool) {
+        setStatus(StatusNothingToPick);
+        return false;
+    }
+    currentTool = tool;
+    setStatus(paintMessage(tool));
+    return true;
+}
 
 bool isPaintTool(int32_t tool)
 {
@@ -93,11 +219,25 @@ int32_t paletteCode(int32_t tool)
 
 bool applyPaintClicks(bool leftPressed, bool rightPressed, float pointerY)
 {
+    const int32_t x = currentLevel.cursorX, y = currentLevel.cursorY;
+    if (!leftPressed)
+        floodLatch = false;
+    // A rectangle ends where the button comes up, wherever the pointer is then.
+    if (areaDrag.active && !leftPressed) {
+        areaDrag.active = false;
+        return paintRectangle(areaDrag.x0, areaDrag.y0, x, y);
+    }
     if (!pointerInPlayBand(pointerY) || !isPaintTool(currentTool))
         return false;
     bool painted = false;
-    if (leftPressed) {
-        const int32_t x = currentLevel.cursorX, y = currentLevel.cursorY;
+    if (leftPressed && paintMode == PaintRectangle) {
+        if (!areaDrag.active)
+            areaDrag = AreaDrag{true, x, y};
+    } else if (leftPressed && paintMode == PaintFlood) {
+        if (!floodLatch)
+            painted = floodPaint(x, y);
+        floodLatch = true;
+    } else if (leftPressed) {
         if (currentTool == PaintPod && editorPodCount >= EDITOR_POD_LIMIT) {
             setStatus(StatusMaxPods);
         } else {
@@ -111,6 +251,7 @@ bool applyPaintClicks(bool leftPressed, bool rightPressed, float pointerY)
         }
     }
     if (rightPressed) {
+        areaDrag.active = false;
         currentTool = NoTool;
         setStatus(StatusCancelled);
     }

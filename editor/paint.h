@@ -38,9 +38,38 @@ int32_t paletteCode(int32_t tool);
 
 extern const char StatusMaxPods[];
 
+// How a left press paints: the cell under the pointer (the classic rule), a
+// rectangle dragged from corner to corner, or the area of like cells joined
+// to the one clicked.
+enum PaintMode : int32_t {
+    PaintCells = 0,
+    PaintRectangle = 1,
+    PaintFlood = 2,
+};
+extern int32_t paintMode;
+
+// The rectangle being dragged: from its first corner to the cursor cell.
+struct AreaDrag {
+    bool active;
+    int32_t x0, y0;
+};
+extern AreaDrag areaDrag;
+
+// The paint tool that writes the code; NoTool for codes no tool paints.
+int32_t toolForCode(int32_t code);
+// The area tools paint cell by cell exactly as the same cells clicked one
+// by one, in column order: one random number per written cell, the pod limit
+// counted as they go. Each is one undo step; true when a cell changed.
+bool paintRectangle(int32_t x0, int32_t y0, int32_t x1, int32_t y1);
+bool floodPaint(int32_t x, int32_t y);
+// The eyedropper: the tool that paints what the cell holds becomes current.
+bool pickToolAt(int32_t x, int32_t y);
+extern const char StatusNothingToPick[];
+
 // The paint rule of one frame: with the pointer in the band between the two
 // panels and a paint tool in hand, a left press paints the cursor cell (the
-// pod limit read from editorPodCount) and a right press puts the tool down.
+// pod limit read from editorPodCount) and a right press puts the tool down;
+// in the area modes the press starts a rectangle or fills an area instead.
 // Returns true when a cell was written; the first write of a stroke opens
 // an undo step.
 bool applyPaintClicks(bool leftPressed, bool rightPressed, float pointerY);

@@ -12,6 +12,7 @@
 #include "game/camera.h"
 #include "game/gamescreen.h"
 #include "game/mission.h"
+#include "game/proof.h"
 #include "game/status.h"
 #include "render/draw.h"
 #include "render/stars.h"
@@ -23,9 +24,13 @@
 #include <alleggl.h>
 
 #include <cstring>
+#include <set>
+#include <string>
 
 int32_t missionMessage = 1;
 MissionListView missionList = {124, 354, 1, 1, 1, 1, 0, ""};
+// The custom levels whose proof names their bytes, found as the list is read.
+static std::set<std::string> provenCustomLevels;
 std::string chosenLevelPath;
 int32_t selectedPlanet = 1;
 
@@ -216,6 +221,11 @@ void (*reloadLevelForRetry)() = reloadFromSelection;
 void enterGameSelect()
 {
     loadLevelCatalogue();
+    provenCustomLevels.clear();
+    for (int list = LEVEL_LIST_COUNT / 2; list < LEVEL_LIST_COUNT; list++)
+        for (const CatalogueEntry &e : levelLists[list])
+            if (levelProvenOnDisk(e.path))
+                provenCustomLevels.insert(e.path);
     blackoutWait(25);
 }
 
@@ -348,8 +358,17 @@ static void drawMissionList()
             missionList.currentPath = e.path;
         float y = missionList.y + 16.0f * (missionList.currentIndex - i);
         if (entryOpen(e) && y > 254 && y < 454) {
-            glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
+            // A custom level whose winning run lies beside it, naming its very
+            // bytes, is known to be winnable: green, and marked where there is room.
+            const bool proven = !campaignMode && provenCustomLevels.count(e.path) > 0;
+            if (proven)
+                glColor4f(0.5f, 1.0f, 0.5f, missionList.a);
+            else
+                glColor4f(missionList.r, missionList.g, missionList.b, missionList.a);
             drawText(MediumFont, missionList.x, y, "%s", e.title.c_str());
+            const float tagX = missionList.x + 10.0f * (float)e.title.size() + 6;
+            if (proven && tagX + 36 < 290)
+                drawText(SmallFont, tagX, y + 2, "Proven");
         }
         i++;
     }
@@ -425,6 +444,11 @@ static void drawModeTexts()
         glColor4f(1, 1, 1, s.modeAlpha);
         drawSmallCentred(190, 210, "Playing");
         drawSmallCentred(190, 200, "Your Levels");
+        // Green titles are proven; the chosen one says so in words.
+        if (provenCustomLevels.count(missionList.currentPath) > 0) {
+            glColor4f(0.5f, 1.0f, 0.5f, s.modeAlpha);
+            drawSmallCentred(190, 184, "Proven: its winning run replays");
+        }
         // The one message custom games need: why the level did not start.
         if (missionMessage == MessageLevelUnreadable)
             drawMessageLine();

@@ -87,6 +87,11 @@ Button editorColumnButtons[5] = {
     makeButton(320, 208, 128, 32, LOUD), makeButton(320, 174, 128, 32, LOUD),
     makeButton(320, 140, 128, 32, LOUD),
 };
+// The editor menu's second column: its file commands outnumber the column of five.
+Button editorFileButtons[4] = {
+    makeButton(390, 276, 128, 32, LOUD), makeButton(390, 242, 128, 32, LOUD),
+    makeButton(390, 208, 128, 32, LOUD), makeButton(390, 174, 128, 32, LOUD),
+};
 Button editorBottomPairButtons[2] = {makeButton(234, 17, 32, 32, LOUD), makeButton(405, 17, 32, 32, LOUD)};
 Button editorCentreButton = makeButton(320, 17, 128, 32, LOUD);
 
@@ -114,6 +119,7 @@ static const FrameRow FRAME_TABLE[] = {
     {editorTopLeftButtons, 3, 23}, {&editorTopRightButton, 1, 20}, {editorPaletteButtons, 10, 17},
     {editorLeftColumnButtons, 9, 23}, {&editorBottomCentreButton, 1, 20}, {editorPanelButtons, 6, 20},
     {editorGridButtons, 4, 0}, {editorArrowButtons, 2, 26}, {editorColumnButtons, 5, 20},
+    {editorFileButtons, 4, 20},
     {editorBottomPairButtons, 2, 29}, {&editorCentreButton, 1, 3},
 };
 

@@ -66,6 +66,7 @@ extern Button editorPanelButtons[6];          // (406,160) (166,86) (406,86) x2 
 extern Button editorGridButtons[4];           // 2 x 2 grid, 64 x 64
 extern Button editorArrowButtons[2];          // (160,240) (240,240), 64 x 16
 extern Button editorColumnButtons[5];         // x 320, y 276 down to 140, 128 x 32
+extern Button editorFileButtons[4];           // x 390, y 276 down to 174, 128 x 32
 extern Button editorBottomPairButtons[2];     // (234,17) (405,17), 32 x 32
 extern Button editorCentreButton;             // (320,17), 128 x 32, the game's small frames
 

@@ -6,6 +6,8 @@
 #include "world/level.h"
 
 #include <cctype>
+#include <cinttypes>
+#include <cstdio>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -214,4 +216,41 @@ void writeSolution(const std::vector<ScriptAction> &actions, std::ostream &out)
         }
         out << '\n';
     }
+}
+
+static const char DigestHeader[] = "# level digest ";
+
+// FNV-1a: not a guard against forgery (the player owns both files), but no
+// edit a person or a crash makes leaves it unchanged by chance.
+std::string levelDigest(const std::string &levelBytes)
+{
+    uint64_t hash = 0xcbf29ce484222325ull;
+    for (unsigned char c : levelBytes) {
+        hash ^= c;
+        hash *= 0x100000001b3ull;
+    }
+    char text[17];
+    std::snprintf(text, sizeof text, "%016" PRIx64, hash);
+    return text;
+}
+
+std::string solutionWithDigest(const std::string &script, const std::string &digest)
+{
+    std::string rest = script;
+    if (rest.compare(0, sizeof DigestHeader - 1, DigestHeader) == 0) {
+        const size_t end = rest.find('\n');
+        rest = end == std::string::npos ? std::string() : rest.substr(end + 1);
+    }
+    return DigestHeader + digest + "\n" + rest;
+}
+
+std::string solutionDigest(const std::string &solutionText)
+{
+    if (solutionText.compare(0, sizeof DigestHeader - 1, DigestHeader) != 0)
+        return std::string();
+    const size_t start = sizeof DigestHeader - 1;
+    size_t end = solutionText.find_first_of("\r\n", start);
+    if (end == std::string::npos)
+        end = solutionText.size();
+    return solutionText.substr(start, end - start);
 }

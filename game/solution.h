@@ -42,3 +42,14 @@ void writeSolution(const std::vector<ScriptAction> &actions, std::ostream &out);
 // The tool for a name of the solution format; NoTool when there is none.
 int32_t toolFromName(const std::string &name);
 const char *toolName(int32_t tool);
+
+// The level a solution proves: its first line may name the digest of the
+// level file's bytes. To the reader it is a comment, so solutions without it
+// (the campaign's) read as before.
+// The digest of a level file's bytes, as 16 hex digits.
+std::string levelDigest(const std::string &levelBytes);
+// The script with its first line naming the level it proves (an old such
+// line is replaced).
+std::string solutionWithDigest(const std::string &script, const std::string &digest);
+// The digest the solution text names; empty when it names none.
+std::string solutionDigest(const std::string &solutionText);

@@ -4,10 +4,11 @@ real X server (Xvfb), driven by mouse and keys through xdotool.
 
     e2e_editor.py <game dir> <work dir>
 
-Main menu -> Editor -> a new level with a typed title -> a pod, a rocket and
-ground painted -> a test play, left again -> saved -> main menu -> New Game
--> custom mode: the level is listed and starts. Screenshots of every stage
-are kept in the work dir.
+Main menu -> Editor -> a new level with a typed title -> a rectangle of rock
+dragged, a pod and a rocket painted -> a test play, left again -> saved with
+Ctrl+S -> a test play won: its proof is saved -> renamed -> main menu -> New
+Game -> custom mode: the level is listed as proven, starts and is won there.
+Screenshots of every stage are kept in the work dir.
 """
 import os
 import shutil
@@ -23,6 +24,8 @@ SOURCE_DIR = os.environ.get("DELVEMOOR_SOURCE_DIR",
                             os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 TITLE = "Proof Of Concept"
 LEVEL_FILE = "proof-of-concept.level"
+RENAMED = "Proven Crossing"
+RENAMED_FILE = "proven-crossing.level"
 failures = 0
 
 
@@ -60,7 +63,7 @@ def click(x, y, button=1):
     xdo("mousemove", "--window", window, str(x), str(y))
     time.sleep(0.2)
     xdo("mousedown", str(button))
-    time.sleep(0.5)
+    time.sleep(0.8)
     xdo("mouseup", str(button))
     time.sleep(0.5)
 
@@ -75,6 +78,38 @@ def drag(points):
         time.sleep(0.4)
     xdo("mouseup", "1")
     time.sleep(0.5)
+
+
+def log_count(text):
+    try:
+        with open(os.path.join(GAME, "gamelog.txt"), errors="replace") as f:
+            return f.read().count(text)
+    except OSError:
+        return 0
+
+
+def win_level(name):
+    """A hatcher over the pod at (10, 9), Hatch Pods, and Launch once the
+    bubbleman has boarded the rocket three cells to the right; then the
+    mission-end panel's Continue."""
+    click(225, 48)                              # the hatcher
+    click(*cell(10, 9))
+    click(311, 463)                             # "Hatch Pods"
+    time.sleep(8)
+    for _ in range(5):
+        click(502, 410)                         # "Launch", once the panel is in
+        time.sleep(2)
+    shot(name)
+    time.sleep(4)
+    click(320, 348)                             # "Continue"
+    time.sleep(4)
+
+
+def type_text(text):
+    """Typed a key at a time, as a player types: xdotool's own typing can
+    outrun a game that reads the keyboard once a frame."""
+    for c in text:
+        key("space" if c == " " else c)
 
 
 def key(name):
@@ -140,22 +175,27 @@ try:
     check("the editor opens on a level (%d colours)" % colours, colours > 100)
 
     click(570, 463)                             # the editor's "Menu"
-    click(320, 204)                             # "New Level"
+    click(250, 204)                             # "New Level"
+    time.sleep(2)                               # typing goes to the panel once it is up
     colours = shot("2-new-level")
     check("the new-level panel is on show (%d colours)" % colours, colours > 20)
-    xdo("type", "--delay", "150", TITLE)
+    type_text(TITLE)
     time.sleep(0.5)
     shot("3-title-typed")
     key("Return")
 
-    click(36, 48)                               # dirt: a ledge of ground
-    drag([cell(x, 8) for x in range(16, 21)])
+    click(99, 48)                               # rocks, as a rectangle
+    key("r")
+    drag([cell(16, 7), cell(18, 8), cell(20, 8)])
+    key("b")                                    # back to cell by cell
     click(225, 48)                              # a pod on the ground
     click(*cell(10, 9))
     click(288, 48)                              # a rocket beside it
     click(*cell(13, 9))
+    key("g")                                    # the grid, for the picture
     time.sleep(0.5)
     shot("4-painted")
+    key("g")
 
     click(320, 463)                             # "Test Play"
     time.sleep(2)
@@ -166,8 +206,7 @@ try:
     check("the test play was left for the editor", log_has("Exiting level..."))
     shot("4b-back-in-editor")
 
-    click(570, 463)                             # "Menu"
-    click(320, 272)                             # "Save Level"
+    key("ctrl+s")
     time.sleep(1)
     shot("5-saved")
     saved = os.path.join(GAME, "custom", LEVEL_FILE)
@@ -179,8 +218,39 @@ try:
         width, height = int(lines[6]), int(lines[7])
         cells = [int(v) for v in lines[17:17 + width * height]]
         check("it holds one pod and one rocket", cells.count(12) == 1 and cells.count(13) == 1)
-        check("the painted ledge is ground", all(cells[x * height + 8] in (1, 2) for x in range(16, 21)))
+        check("the dragged rectangle is rock", all(cells[x * height + y] in (4, 5, 6)
+                                                   for x in range(16, 21) for y in (7, 8)))
     check("the editor logged the save", log_has("Saved level: "))
+
+    click(320, 463)                             # "Test Play", to win it
+    time.sleep(3)
+    win_level("5a-test-play-won")
+    shot("5b-proven")
+    check("the won test play is saved as the level's proof", log_has("Saved the winning run beside " + saved))
+
+    click(570, 463)                             # "Menu"
+    shot("5c-menu")
+    click(390, 204)                             # "Rename"
+    time.sleep(2)
+    for _ in TITLE:
+        key("BackSpace")
+    type_text(RENAMED)
+    shot("5d-rename-panel")
+    key("Return")
+    time.sleep(1)
+    shot("5d-renamed-done")
+    renamed = os.path.join(GAME, "custom", RENAMED_FILE)
+    check("the rename moved the level and its proof",
+          os.path.isfile(renamed) and os.path.isfile(renamed[:-6] + ".solution") and not os.path.exists(saved))
+    saved = renamed
+
+    click(570, 463)                             # "Menu"
+    click(250, 238)                             # "Open Level"
+    time.sleep(1)
+    xdo("mousemove", "--window", window, "250", "100")
+    time.sleep(1)
+    shot("5e-open-list")                        # the level pictured, marked Proven
+    click(320, 463)                             # "Back"
 
     key("Escape")                               # back to the main menu
     time.sleep(3)
@@ -197,6 +267,11 @@ try:
     time.sleep(4)
     colours = shot("8-playing")
     check("the level plays (%d colours)" % colours, colours > 100)
+    listings = log_count("Loading levels...")
+    win_level("9-won-in-custom-game")
+    check("the level is won in Custom Game and the list is back",
+          wait_for(lambda: log_count("Loading levels...") > listings, 10))
+    shot("10-back-in-list")
 finally:
     if game and game.poll() is None:
         game.send_signal(signal.SIGTERM)

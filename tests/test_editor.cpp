@@ -32,6 +32,7 @@
 #include <sstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -128,8 +129,13 @@ struct Editor : ::testing::Test {
         if (!allegroStarted)
             allegroStarted = install_allegro(SYSTEM_NONE, &errno, atexit) == 0;
         buildCampaignLevelNames();
-        char pattern[] = "/tmp/delvemoor-editor-XXXXXX";
-        root = mkdtemp(pattern);
+        // Every save flushes to disk; in memory that costs nothing, and the
+        // suite saves often.
+        struct stat shm;
+        std::string pattern = stat("/dev/shm", &shm) == 0 && access("/dev/shm", W_OK) == 0
+                                  ? "/dev/shm/delvemoor-editor-XXXXXX"
+                                  : "/tmp/delvemoor-editor-XXXXXX";
+        root = mkdtemp(&pattern[0]);
         snprintf(DataRoot, sizeof DataRoot, "%s", root.c_str());
         // The campaign lives in the built game's datafile.
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
@@ -143,6 +149,8 @@ struct Editor : ::testing::Test {
             list.clear();
         editorDoc = EditorDocument();
         editorScreen = EditorScreen();
+        paintMode = PaintCells;
+        areaDrag = AreaDrag{false, 0, 0};
         transition = TransitionState();
         input = InputSnapshot();
         resetStatusLine();
@@ -302,6 +310,27 @@ TEST_F(Editor, UndoAndRedoTakeWholeStrokes)
     EXPECT_EQ(currentLevel.terrain, afterCredits);
     EXPECT_TRUE(editorHasUnsavedChanges());
 
+    // Settings are steps too: a new size and credits, undone as one and
+    // redone; "Unsaved" follows the content, not the history.
+    LevelSettings bigger = currentLevelSettings();
+    bigger.width = 34;
+    bigger.credits = 50;
+    applyLevelSettings(bigger);
+    EXPECT_EQ(undoDepth(), 3u);
+    undoEdit();
+    EXPECT_EQ(currentLevel.width, NEW_LEVEL_WIDTH);
+    EXPECT_EQ(editorDoc.credits, NEW_LEVEL_CREDITS);
+    EXPECT_EQ(currentLevel.terrain, afterCredits);
+    redoEdit();
+    EXPECT_EQ(currentLevel.width, 34);
+    EXPECT_EQ(editorDoc.credits, 50);
+    undoEdit();
+    undoEdit();
+    undoEdit();
+    EXPECT_FALSE(editorHasUnsavedChanges()) << "strokes and settings all undone";
+    redoEdit();
+    redoEdit();
+
     // Painting after an undo drops what could have been redone.
     undoEdit();
     chooseTool(PaintDiamonds);
@@ -452,7 +481,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     EXPECT_EQ(statusTarget(), StatusSaveDiskFull);
     requestEditorAction(LeaveEditorAction);
     ASSERT_EQ(editorScreen.panel, QuestionPanel);
-    clickButton(editorPanelButtons[3]);         // Discard
+    clickButton(editorPanelButtons[1]);         // Discard
     EXPECT_EQ(currentScreen, (u32)Transition);
     EXPECT_EQ(transition.to, (u32)MainMenu);
     EXPECT_EQ(fileText(path), before);
@@ -473,12 +502,23 @@ TEST_F(Editor, QuittingKeepsUnsavedWorkInANewFile)
     paintAt(8, 9);
     const TerrainGrid painted = currentLevel.terrain;
     keepUnsavedEditorWork();
-    EXPECT_EQ(folderNames(), (std::vector<std::string>{"new-level-unsaved.level", "new-level.level"}));
+    EXPECT_EQ(folderNames(),
+              (std::vector<std::string>{".recovered", "new-level-unsaved.level", "new-level.level"}));
     EXPECT_EQ(fileText(editorDoc.path), before);
     Level kept;
     std::string error;
     ASSERT_TRUE(tryLoadLevelFromFile(kept, (folder() + "/new-level-unsaved.level").c_str(), &error)) << error;
     EXPECT_EQ(kept.terrain, painted);
+    EXPECT_EQ(kept.title, "Recovered: New Level");
+
+    // The next start of the game: the editor's first opening offers it back, once.
+    editorDoc = EditorDocument();
+    editorScreen = EditorScreen();
+    frame(320, 200, 0);
+    EXPECT_EQ(editorDoc.path, folder() + "/new-level-unsaved.level");
+    EXPECT_EQ(currentLevel.terrain, painted);
+    EXPECT_EQ(std::string(statusTarget()), "Recovered: New Level");
+    EXPECT_FALSE(fs::exists(folder() + "/.recovered"));
 }
 
 TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
@@ -562,50 +602,286 @@ static void winTestPlay()
     frame(320, 200, 0);
 }
 
-TEST_F(Editor, AWonTestPlayIsSavedAsAProofThatReplays)
+// Back from a test-play to the editor, through the fade.
+static void backToEditor(uint32_t from)
 {
-    // Won before the level was ever saved: the run waits for the save.
-    paintSmallWinnableLevel();
+    leaveLevel(from);
+    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
+        transitionTick();
+        transitionFrame();
+    }
+    ASSERT_EQ(currentScreen, (u32)LevelEditor);
+    frame(320, 200, 0);
+}
+
+// What the Open list says of the level at path.
+static bool listedProven(const std::string &path)
+{
+    openOpenPanel();
+    editorScreen.panel = NoPanel;
+    for (size_t i = 0; i < editorScreen.openEntries.size(); i++)
+        if (editorScreen.openEntries[i].path == path)
+            return editorScreen.openProven[i];
+    ADD_FAILURE() << path << " is not listed";
+    return false;
+}
+
+// levelcheck's exit status on the level and the proof beside it; -1 when
+// the test runs without the tool.
+static int levelcheck(const std::string &levelPath)
+{
+    const char *tool = std::getenv("DELVEMOOR_LEVELCHECK");
+    if (!tool)
+        return -1;
+    const std::string command = std::string(tool) + " '" + levelPath + "' '" + solutionPathFor(levelPath) +
+                                "' --strict > /dev/null";
+    const int status = std::system(command.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -2;
+}
+
+static int failRenamesAfter = -1;
+static int failingRename(const char *from, const char *to)
+{
+    if (failRenamesAfter-- == 0) {
+        errno = EIO;
+        return -1;
+    }
+    return rename(from, to);
+}
+
+TEST_F(Editor, AProofIsBoundToTheLevelItWins)
+{
+    if (!std::getenv("DELVEMOOR_GAME_DIR"))
+        GTEST_SKIP() << "the Open list needs the built datafile";
+    const bool haveLevelcheck = std::getenv("DELVEMOOR_LEVELCHECK") != nullptr;
+    // A pod and no rocket "wins" on its first tick: no proof.
+    chooseTool(PaintPod);
+    paintAt(3, 9);
+    clickButton(editorCentreButton);            // Test Play
+    ASSERT_EQ(currentScreen, (u32)Playing);
+    runScreenLogic(currentScreen);
+    ASSERT_EQ(currentScreen, (u32)MissionComplete);
+    backToEditor(MissionComplete);
+    EXPECT_EQ(statusTarget(), ProofNeedsPodAndRocket) << statusTarget();
+    EXPECT_FALSE(editorProof.valid);
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(statusTarget(), StatusSavedUnplayable);
+    const std::string levelPath = editorDoc.path;
+    const std::string proofPath = solutionPathFor(levelPath);
+    EXPECT_FALSE(fs::exists(proofPath));
+    EXPECT_FALSE(listedProven(levelPath));
+
+    // With a rocket, a won test-play waits for the save, then replays.
+    chooseTool(PaintRocket);
+    paintAt(6, 9);
     winTestPlay();
     EXPECT_EQ(statusTarget(), StatusProofKept) << statusTarget();
     ASSERT_TRUE(saveEditorLevel());
-    EXPECT_EQ(statusTarget(), StatusProofSaved);
-    const std::string levelPath = editorDoc.path;
-    const std::string proofPath = solutionPathFor(levelPath);
-    ASSERT_TRUE(fs::exists(proofPath));
+    EXPECT_EQ(statusTarget(), StatusSavedProven);
+    EXPECT_TRUE(listedProven(levelPath));
+    if (haveLevelcheck)
+        EXPECT_EQ(levelcheck(levelPath), 0);
 
-    // levelcheck's own reading and run of the two files.
-    std::string error;
-    ASSERT_TRUE(loadRunLevelFile(levelPath.c_str(), &error)) << error;
-    Solution proof;
-    ASSERT_TRUE(loadSolutionFile(proofPath.c_str(), proof, &error)) << error;
-    const RunResult replay = runSolution(proof, RunOptions());
-    EXPECT_EQ(replay.outcome, RunWon) << describeRun(replay) << "\n" << fileText(proofPath);
-
-    // Painting anything makes the proof stale: it is dropped at the next save.
-    currentScreen = LevelEditor;
-    editorScreen.sessionOpen = false;
+    // Credits too few for a hatcher, typed into the settings: unsaved and
+    // unproven; undone: saved and proven again, whatever the history says.
+    clickButton(editorTopRightButton);
+    clickButton(editorFileButtons[2]);          // Settings
+    ASSERT_EQ(editorScreen.panel, SettingsPanel);
+    for (int i = 0; i < 3; i++)
+        typeScancode(KEY_TAB);
+    for (int i = 0; i < 4; i++)
+        typeScancode(KEY_BACKSPACE);
+    type("100");
+    typeScancode(KEY_ENTER);
     frame(320, 200, 0);
-    camX = 0;
-    camY = -400;
-    chooseTool(PaintCredits);
-    paintAt(20, 9);
-    ASSERT_TRUE(saveEditorLevel());
-    EXPECT_EQ(statusTarget(), StatusLevelSaved);
-    EXPECT_FALSE(fs::exists(proofPath));
-
-    // Won on what is on disk: the proof goes beside it at once, and the
-    // list of levels to open says so.
-    winTestPlay();
-    EXPECT_EQ(statusTarget(), StatusProofSaved) << statusTarget();
-    EXPECT_TRUE(fs::exists(proofPath));
+    ASSERT_EQ(editorDoc.credits, 100);
+    EXPECT_TRUE(editorHasUnsavedChanges());
+    EXPECT_FALSE(proofMatchesPainting());
+    typedKeys.push_back(26);                    // Ctrl+Z
+    frame(320, 200, 0);
     EXPECT_FALSE(editorHasUnsavedChanges());
-    if (std::getenv("DELVEMOOR_GAME_DIR")) {
-        openOpenPanel();
-        ASSERT_EQ(editorScreen.openEntries.size(), 1u);
-        EXPECT_EQ(editorScreen.openEntries[0].path, levelPath);
-        EXPECT_TRUE(editorScreen.openProven[0]);
+    EXPECT_TRUE(proofMatchesPainting());
+    typedKeys.push_back(25);                    // Ctrl+Y: 100 credits again
+
+    // Saving it drops the proof and says so; the list agrees.
+    typedKeys.push_back(19);                    // Ctrl+S
+    frame(320, 200, 0);
+    EXPECT_EQ(statusTarget(), StatusProofDropped) << statusTarget();
+    EXPECT_FALSE(fs::exists(proofPath));
+    EXPECT_FALSE(listedProven(levelPath));
+
+    // Undone and saved: the run in hand wins it again, no test-play needed;
+    // a new title keeps it too, proven afresh by its replay.
+    undoEdit();
+    LevelSettings renamed = currentLevelSettings();
+    renamed.title = "Proven Twice";
+    applyLevelSettings(renamed);
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_EQ(statusTarget(), StatusSavedProven) << statusTarget();
+    EXPECT_TRUE(listedProven(levelPath));
+    const std::string provenText = fileText(levelPath);
+
+    // The level edited beside its proof in a text editor.
+    std::string edited = provenText;
+    edited.replace(edited.find("\n2000\n"), 6, "\n2500\n");
+    std::ofstream(levelPath, std::ios::trunc) << edited;
+    EXPECT_FALSE(listedProven(levelPath));
+    if (haveLevelcheck)
+        EXPECT_EQ(levelcheck(levelPath), 1) << "levelcheck names the mismatch";
+    std::ofstream(levelPath, std::ios::trunc) << provenText;
+    EXPECT_TRUE(listedProven(levelPath));
+
+    // A crash between the level's and the proof's rename: the new level
+    // stands beside the old proof, which names other bytes.
+    renamed.credits = 3000;
+    applyLevelSettings(renamed);
+    failRenamesAfter = 1;
+    renameWrittenFile = failingRename;
+    const bool saved = saveEditorLevel();
+    renameWrittenFile = rename;
+    EXPECT_TRUE(saved);
+    EXPECT_EQ(statusTarget(), StatusProofNotSaved);
+    EXPECT_NE(fileText(levelPath), provenText);
+    EXPECT_TRUE(fs::exists(proofPath));
+    EXPECT_FALSE(listedProven(levelPath));
+    if (haveLevelcheck)
+        EXPECT_EQ(levelcheck(levelPath), 1);
+    ASSERT_TRUE(saveEditorLevel());
+    EXPECT_TRUE(listedProven(levelPath));
+    if (haveLevelcheck)
+        EXPECT_EQ(levelcheck(levelPath), 0);
+}
+
+TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
+{
+    paintSmallWinnableLevel();
+    winTestPlay();
+    ASSERT_TRUE(saveEditorLevel());
+    const std::string first = editorDoc.path;
+    const std::string firstText = fileText(first);
+
+    // Save As: a new file under the typed title, with the proof; the old
+    // one stays as it was.
+    clickButton(editorTopRightButton);
+    clickButton(editorColumnButtons[3]);        // Save As
+    ASSERT_EQ(editorScreen.panel, TitlePanel);
+    for (int i = 0; i < 9; i++)
+        typeScancode(KEY_BACKSPACE);
+    type("Second Cave");
+    typeScancode(KEY_ENTER);
+    frame(320, 200, 0);
+    EXPECT_EQ(editorDoc.path, folder() + "/second-cave.level");
+    EXPECT_EQ(currentLevel.title, "Second Cave");
+    EXPECT_EQ(statusTarget(), StatusSavedProven);
+    EXPECT_EQ(fileText(first), firstText);
+    EXPECT_TRUE(levelProvenOnDisk(first));
+    EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
+
+    // Rename: the title, the file and the proof move together.
+    clickButton(editorTopRightButton);
+    clickButton(editorFileButtons[0]);          // Rename
+    ASSERT_EQ(editorScreen.panel, TitlePanel);
+    for (int i = 0; i < 11; i++)
+        typeScancode(KEY_BACKSPACE);
+    type("Third Cave");
+    typeScancode(KEY_ENTER);
+    frame(320, 200, 0);
+    EXPECT_EQ(statusTarget(), StatusRenamed);
+    EXPECT_EQ(editorDoc.path, folder() + "/third-cave.level");
+    EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
+    EXPECT_EQ(folderNames(), (std::vector<std::string>{"new-level.level", "new-level.solution",
+                                                       "third-cave.level", "third-cave.solution"}));
+    EXPECT_EQ(fileText(editorDoc.path).find("Third Cave\n"), 0u);
+
+    // Duplicate: a copy to go on with.
+    clickButton(editorTopRightButton);
+    clickButton(editorColumnButtons[4]);
+    EXPECT_EQ(editorDoc.path, folder() + "/third-cave-copy.level");
+    EXPECT_EQ(currentLevel.title, "Third Cave copy");
+    EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
+
+    // Delete asks; Cancel stands where the settings panel's Cancel does.
+    const std::string copy = editorDoc.path;
+    clickButton(editorTopRightButton);
+    clickButton(editorFileButtons[1]);          // Delete
+    ASSERT_EQ(editorScreen.panel, QuestionPanel);
+    clickButton(editorPanelButtons[2]);
+    EXPECT_TRUE(fs::exists(copy));
+    clickButton(editorTopRightButton);
+    clickButton(editorFileButtons[1]);
+    clickButton(editorPanelButtons[1]);         // Delete
+    EXPECT_EQ(statusTarget(), StatusLevelDeleted);
+    EXPECT_FALSE(fs::exists(copy));
+    EXPECT_FALSE(fs::exists(solutionPathFor(copy)));
+    EXPECT_TRUE(editorDoc.path.empty());
+    EXPECT_FALSE(editorHasUnsavedChanges());
+    EXPECT_EQ(folderNames().size(), 4u);
+}
+
+// Cells by the tool that paints them: random variants count as the same.
+static std::vector<std::vector<int32_t>> paintedKinds()
+{
+    std::vector<std::vector<int32_t>> kinds;
+    for (const auto &column : currentLevel.terrain) {
+        kinds.emplace_back();
+        for (int32_t code : column)
+            kinds.back().push_back(toolForCode(code) != NoTool ? toolForCode(code) : 1000 + code);
     }
+    return kinds;
+}
+
+TEST_F(Editor, AreaToolsPaintWhatCellByCellWould)
+{
+    // A rectangle of twelve pods: nine fit, column by column, one step.
+    chooseTool(PaintPod);
+    typedKeys.push_back('r');
+    frame(320, 200, 0);
+    EXPECT_EQ(paintMode, PaintRectangle);
+    frame(cellPointerX(4), cellPointerY(7), 1);
+    frame(cellPointerX(6), cellPointerY(10), 1);
+    EXPECT_TRUE(areaDrag.active);
+    frame(cellPointerX(6), cellPointerY(10), 0);
+    EXPECT_EQ(statusTarget(), StatusMaxPods);
+    EXPECT_EQ(undoDepth(), 1u);
+    const auto rectangle = paintedKinds();
+    undoEdit();
+    typedKeys.push_back('b');
+    frame(320, 200, 0);
+    for (int x = 4; x <= 6; x++)
+        for (int y = 7; y <= 10; y++)
+            paintAt(x, y);
+    EXPECT_EQ(paintedKinds(), rectangle);
+    EXPECT_EQ(countPods(), EDITOR_POD_LIMIT);
+
+    // A pocket of air walled with rock, filled with diamonds from one click.
+    while (undoDepth() > 0)
+        undoEdit();
+    chooseTool(PaintRocks);
+    paintRectangle(10, 7, 16, 11);
+    chooseTool(ClearTerrain);
+    paintRectangle(11, 8, 15, 10);
+    const size_t steps = undoDepth();
+    chooseTool(PaintDiamonds);
+    typedKeys.push_back('f');
+    frame(320, 200, 0);
+    frame(cellPointerX(13), cellPointerY(9), 1);
+    frame(cellPointerX(13), cellPointerY(9), 1);    // held: still one fill
+    frame(cellPointerX(13), cellPointerY(9), 0);
+    EXPECT_EQ(undoDepth(), steps + 1);
+    const auto filled = paintedKinds();
+    undoEdit();
+    paintMode = PaintCells;
+    for (int x = 11; x <= 15; x++)
+        for (int y = 8; y <= 10; y++)
+            paintAt(x, y);
+    EXPECT_EQ(paintedKinds(), filled);
+    EXPECT_EQ(toolForCode(currentLevel.terrain[10][9]), PaintRocks) << "the wall is not flooded";
+
+    // The eyedropper picks the tool of the cell under the pointer.
+    frame(cellPointerX(10), cellPointerY(9), 0);
+    typedKeys.push_back('e');
+    frame(cellPointerX(10), cellPointerY(9), 0);
+    EXPECT_EQ(currentTool, PaintRocks);
 }
 
 TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
@@ -619,7 +895,9 @@ TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
     ASSERT_TRUE(editorScreen.openCampaign);
     ASSERT_FALSE(editorScreen.openEntries.empty());
     const std::string campaignPath = editorScreen.openEntries[0].path;
-    clickButton(editorLeftColumnButtons[0]);
+    frame(300, editorLeftColumnButtons[0].y, 0);    // pictured on the right
+    EXPECT_EQ(editorScreen.openHighlight, 0);
+    click(300, editorLeftColumnButtons[0].y);       // a click on its title opens it
     ASSERT_EQ(editorScreen.panel, NoPanel);
     EXPECT_EQ(statusTarget(), StatusLevelOpened);
     EXPECT_TRUE(editorDoc.path.empty());
@@ -639,8 +917,8 @@ TEST_F(Editor, ACampaignMissionIsOnlyAStartingPoint)
     paintAt(8, 5);
     requestEditorAction(OpenLevelAction);
     ASSERT_EQ(editorScreen.panel, QuestionPanel);
-    clickButton(editorPanelButtons[1]);         // Cancel
+    clickButton(editorPanelButtons[2]);         // where the settings panel's Cancel stands
     EXPECT_EQ(editorScreen.panel, NoPanel);
-    EXPECT_TRUE(editorHasUnsavedChanges());
+    EXPECT_TRUE(editorHasUnsavedChanges()) << "a click from habit keeps the work";
     (void)campaignPath;
 }

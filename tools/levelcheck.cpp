@@ -3,11 +3,14 @@
 // a run that does not finish, 2 when the level or the solution cannot be read.
 // A level that loads but is odd (no pods, no rockets, pods where the load
 // clears them, cells missing) gets a warning line; --strict makes each an
-// error, so a campaign build cannot ship one by accident.
+// error, so a campaign build cannot ship one by accident. A solution that
+// names the digest of the level it was won on (the editor's proofs do) is
+// refused for any other version of the level file.
 //
 //   levelcheck <level file or LEVELS name> <solution file> [--datafile path]
 //              [--ticks n] [--seed n] [--notes] [--grids] [--strict]
 #include "game/driver.h"
+#include "game/proof.h"
 #include "world/level_warnings.h"
 
 #include <allegro.h>
@@ -142,6 +145,24 @@ void printDetails(const Arguments &args, const RunResult &result)
                     b.dying ? " dying" : "");
 }
 
+// The run may well win another version of the level too; it is still no
+// proof of this one, which is what the player was told it proves.
+bool solutionNamesThisLevel(const Arguments &args)
+{
+    std::string solutionText, levelBytes;
+    if (!readWholeFile(args.solution, &solutionText))
+        return true;
+    const std::string named = solutionDigest(solutionText);
+    if (named.empty() || !isFile(args.level) || !readWholeFile(args.level, &levelBytes))
+        return true;
+    const std::string actual = levelDigest(levelBytes);
+    if (named == actual)
+        return true;
+    std::printf("%s: error: the solution was won on another version of this level (digest %s, the file's is %s)\n",
+                args.level, named.c_str(), actual.c_str());
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -161,6 +182,8 @@ int main(int argc, char **argv)
         std::printf("%s: error: %s\n", args.level, error.c_str());
         return 2;
     }
+    if (!solutionNamesThisLevel(args))
+        return 1;
     const std::vector<std::string> warnings = levelWarnings(currentLevel, loadedLevelFacts);
     for (const std::string &w : warnings)
         std::printf("%s: %s: %s\n", args.level, args.strict ? "error" : "warning", w.c_str());
