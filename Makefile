@@ -62,7 +62,7 @@ bench: test-deps
 	cmake --build build-bench -j $(JOBS)
 	@for b in build-bench/bench/bench_*; do [ -x "$$b" ] && echo "== $$b" && xvfb-run -a -s "-screen 0 1024x768x24" "$$b"; done
 	@echo "== frame rate (Xvfb, software OpenGL)"
-	xvfb-run -a -s "-screen 0 1024x768x24" build-bench/bench/frame_rate $(CURDIR)/build-bench/game 5
+	xvfb-run -a -s "-screen 0 2048x1536x24" build-bench/bench/frame_rate $(CURDIR)/build-bench/game 5
 
 # The game folder for the system, the command, menu entries, icon and manual
 # page under PREFIX; sudo only where PREFIX is not yours to write.

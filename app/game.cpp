@@ -9,8 +9,10 @@
 #include "app/startup.h"
 #include "app/xsession.h"
 #include "app/gamedir.h"
+#include "app/window_scale.h"
 #include "editor/editor.h"
 #include "frontend/frontend.h"
+#include "frontend/widgets.h"
 #include "render/draw.h"
 #include "render/textures.h"
 
@@ -38,7 +40,10 @@ END_OF_FUNCTION(onCloseButton)
 void runMainLoop()
 {
     while (!quitRequested) {
-        runLoopPass(readDeviceInput(), (float)mouse_x, (float)(SCREEN_HEIGHT - mouse_y), runOwedTicks, drawFrame);
+        // The pointer first: the buttons leave out a press made on the
+        // border around the picture.
+        const PicturePoint pointer = samplePicturePointer();
+        runLoopPass(readDeviceInput(), (float)pointer.x, (float)(SCREEN_HEIGHT - pointer.y), runOwedTicks, drawFrame);
         rest(0);
         checkGlError();
         if (openManualRequested)
@@ -131,6 +136,8 @@ int runGame()
     removeLeftoversOfInterruptedSaves();
     readConfig();
     setVideoMode();
+    // A click on the black border around an enlarged picture reaches no widget.
+    readMouseButtons = gameMouseButtons;
     LOCK_VARIABLE(closeButtonPressed);
     LOCK_FUNCTION(onCloseButton);
     set_close_button_callback(onCloseButton);

@@ -2,6 +2,7 @@
 // the per-frame input snapshot, the shared pulses and the tick timer.
 
 #include "app/screens.h"
+#include "app/window_scale.h"
 #include "app/log.h"
 #include "audio/audio.h"
 #include "game/mission.h"
@@ -216,8 +217,9 @@ void resetIntro()
 
 void samplePointer()
 {
-    input.pointerX = (float)mouse_x;
-    input.pointerY = (float)(SCREEN_HEIGHT - mouse_y);
+    const PicturePoint p = samplePicturePointer();
+    input.pointerX = (float)p.x;
+    input.pointerY = (float)(SCREEN_HEIGHT - p.y);
 }
 
 void sampleInputFrom(const RawInput &raw)
@@ -264,7 +266,7 @@ RawInput readDeviceInput()
     raw.keyA = key[KEY_A] ? 1 : 0;
     raw.keyZ = key[KEY_Z] ? 1 : 0;
     raw.space = key[KEY_SPACE] ? 1 : 0;
-    raw.mouseButtons = mouse_b;
+    raw.mouseButtons = gameMouseButtons();
     raw.mouseX = mouse_x;
     raw.mouseY = mouse_y;
     return raw;

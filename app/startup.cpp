@@ -6,6 +6,7 @@
 #include "app/paths.h"
 #include "app/screens.h"
 #include "app/window_icon.h"
+#include "app/window_scale.h"
 #include "audio/audio.h"
 #include "frontend/frontend.h"
 #include "frontend/widgets.h"
@@ -236,6 +237,7 @@ void setVideoMode()
     setDrawingState();
     glClearColor(0, 0, 0, 0);
     setGameWindowIcon();
+    fitWindowToDesktop(!settings.fullscreen);
     logLine("Graphical/Video Mode setup completed!");
 }
 

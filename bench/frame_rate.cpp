@@ -6,6 +6,10 @@
 //        frame_rate <game directory> 0 --dump-game file.png   (the busiest game screen)
 //        frame_rate <game directory> [seconds] --game-only     (the game screen's figures alone)
 //        frame_rate <game directory> 0 --dump-screens dir      (every measured screen as a PNG)
+//        frame_rate <game directory> 0 --dump-scaled file.png  (the busiest game screen in a 2x window)
+// Every screen is measured in a window of 1, 2 and 3 times 640 x 480 (the X
+// screen must hold 1920 x 1440), and the busiest game screen's frame is taken
+// apart: drawing, the copy into the frame texture, the enlarged quad, the flip.
 // The dump is the backdrop alone at a fixed angle, to compare pictures
 // before and after a change to its drawing.
 
@@ -13,6 +17,7 @@
 #include "app/log.h"
 #include "app/screens.h"
 #include "app/startup.h"
+#include "app/window_scale.h"
 #include "frontend/frontend.h"
 #include "frontend/screens.h"
 #include "game/camera.h"
@@ -28,6 +33,7 @@
 #include "world/level.h"
 #include "render/draw.h"
 #include "render/offscreen.h"
+#include "render/present.h"
 #include "render/stars.h"
 #include "render/textures.h"
 
@@ -78,6 +84,65 @@ static double measure(const char *name, void (*tick)(), void (*frame)(), double 
     printf("%-28s %8.1f frames per second %6.2f ms a frame, %6.2f ms of processor (%ld frames in %.1f s)%s\n",
            name, fps, ms, cpuMs, frames, elapsed, ms > BUDGET_MS ? "  over the 4 ms budget" : "");
     return fps;
+}
+
+// The enlargement alone, over and over: its processor time without the
+// frame's drawing or the flip.
+static void measureEnlargement(double seconds)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    const double cpuStart = processorSeconds();
+    long frames = 0;
+    while (std::chrono::duration<double>(Clock::now() - start).count() < seconds) {
+        enlargeFrame();
+        glFinish();
+        frames++;
+    }
+    const double wall = std::chrono::duration<double>(Clock::now() - start).count();
+    printf("%-28s %6.2f ms a frame, %6.2f ms of processor\n", "  enlargement alone", 1000.0 * wall / frames,
+           1000.0 * (processorSeconds() - cpuStart) / frames);
+}
+
+// One frame of a screen taken apart, each step finished before the next
+// starts: where a scaled frame's time goes.
+static void measureSteps(const char *name, void (*frame)(), double seconds)
+{
+    using Clock = std::chrono::steady_clock;
+    const bool enlarged = currentPicture().scale >= 2;
+    double draw = 0, copy = 0, quad = 0, flip = 0;
+    long frames = 0;
+    const auto start = Clock::now();
+    while (std::chrono::duration<double>(Clock::now() - start).count() < seconds) {
+        const auto t0 = Clock::now();
+        advanceAnimationFrames(mission.hatched);
+        frame();
+        glFinish();
+        const auto t1 = Clock::now();
+        if (enlarged) {
+            copyFrameToTexture();
+            glFinish();
+        }
+        const auto t2 = Clock::now();
+        if (enlarged) {
+            drawEnlargedFrame();
+            glFinish();
+        }
+        const auto t3 = Clock::now();
+        glFlush();
+        allegro_gl_flip();
+        prepareNextFrame();
+        glFinish();
+        const auto t4 = Clock::now();
+        draw += std::chrono::duration<double>(t1 - t0).count();
+        copy += std::chrono::duration<double>(t2 - t1).count();
+        quad += std::chrono::duration<double>(t3 - t2).count();
+        flip += std::chrono::duration<double>(t4 - t3).count();
+        frames++;
+    }
+    const double ms = 1000.0 / frames;
+    printf("%-28s drawing %5.2f ms, copy %5.2f ms, enlarged quad %5.2f ms, flip %5.2f ms a frame\n", name,
+           draw * ms, copy * ms, quad * ms, flip * ms);
 }
 
 static void backdropOnly()
@@ -254,6 +319,47 @@ static void dumpScreens(const std::string &dir)
         dumpOne(dir, "game P2M04", gameTick, busiestFrame, 40);
 }
 
+// Every screen once, in the window as it is.
+static void measureScreens(double seconds, bool gameOnly)
+{
+    currentScreen = MainMenu;
+    if (!gameOnly)
+        measure("intro", nullptr, introFrame, seconds);
+    if (!gameOnly)
+        measure("main-menu backdrop", nullptr, backdropOnly, seconds);
+    // Each screen as the player sees it, its own logic running every frame.
+    resetExitScreen();
+    for (const auto &screen : frontEndScreens) {
+        if (gameOnly)
+            break;
+        currentScreen = screen.id;
+        ScreenHandlers *row = handlersFor(screen.id);
+        measure(screen.name, row->logic, row->render, seconds);
+    }
+    linkTerrainSet(1);
+    buildBusiestLevel();
+    measure("game screen, busiest", nullptr, busiestFrame, seconds);
+    measureSteps("  its steps", busiestFrame, seconds);
+    if (currentPicture().scale >= 2)
+        measureEnlargement(seconds);
+    if (gameOnly) {
+        measure("  clear and present only", nullptr, nothingDrawn, seconds);
+        measure("  backdrop and stars", nullptr, busiestBackdrop, seconds);
+        measure("  terrain cells", nullptr, busiestTerrain, seconds);
+        measure("  edge overlays", nullptr, busiestEdges, seconds);
+        measure("  whole level view", nullptr, busiestLevelView, seconds);
+        measure("  entities", nullptr, busiestEntities, seconds);
+        measure("  yardstick: one 640x480 quad", nullptr, fullQuad, seconds);
+        measure("  yardstick: 300 2x2 quads", nullptr, manySmall, seconds);
+    }
+    currentScreen = Paused;
+    measure("pause panel over it", nullptr, handlersFor(Paused)->render, seconds);
+
+    // A designed mission as it opens, with the game's own tick running.
+    if (openDesignedMission())
+        measure("game screen, mission P2M04", gameTick, busiestFrame, seconds);
+}
+
 int main(int argc, char **argv)
 {
     if (argc < 2) {
@@ -286,6 +392,8 @@ int main(int argc, char **argv)
     allegro_gl_use_mipmapping(-1);
     keepFrameMemory();
     setDrawingState();
+    // The window follows its size as the game's does; the runs below set it.
+    fitWindowToDesktop(false);
     printf("renderer: %s\n", (const char *)glGetString(GL_RENDERER));
     double load[1] = {0};
     if (getloadavg(load, 1) == 1)
@@ -312,6 +420,21 @@ int main(int argc, char **argv)
         closeLog();
         return 0;
     }
+    if (argc > 4 && strcmp(argv[3], "--dump-scaled") == 0) {
+        linkTerrainSet(1);
+        buildBusiestLevel();
+        resizeGameWindow(2 * SCREEN_WIDTH, 2 * SCREEN_HEIGHT);
+        // The renderer learns the window's new size at a flip.
+        presentFrame();
+        busiestFrame();
+        enlargeFrame();
+        glFinish();
+        writePng(argv[4], presentationWindowWidth(), presentationWindowHeight(),
+                 readFrameRgb(presentationWindowWidth(), presentationWindowHeight()));
+        endFrame2D();
+        closeLog();
+        return 0;
+    }
     if (argc > 4 && strcmp(argv[3], "--dump-screens") == 0) {
         dumpScreens(argv[4]);
         endFrame2D();
@@ -319,39 +442,15 @@ int main(int argc, char **argv)
         return 0;
     }
     const bool gameOnly = argc > 3 && strcmp(argv[3], "--game-only") == 0;
-    currentScreen = MainMenu;
-    if (!gameOnly)
-        measure("intro", nullptr, introFrame, seconds);
-    if (!gameOnly)
-        measure("main-menu backdrop", nullptr, backdropOnly, seconds);
-    // Each screen as the player sees it, its own logic running every frame.
-    resetExitScreen();
-    for (const auto &screen : frontEndScreens) {
-        if (gameOnly)
+    for (int scale = 1; scale <= 3; scale++) {
+        if (!resizeGameWindow(scale * SCREEN_WIDTH, scale * SCREEN_HEIGHT)) {
+            printf("the window could not be made %d x %d: the X screen is too small\n", scale * SCREEN_WIDTH,
+                   scale * SCREEN_HEIGHT);
             break;
-        currentScreen = screen.id;
-        ScreenHandlers *row = handlersFor(screen.id);
-        measure(screen.name, row->logic, row->render, seconds);
+        }
+        printf("-- window %d x %d (%d x)\n", presentationWindowWidth(), presentationWindowHeight(), scale);
+        measureScreens(seconds, gameOnly);
     }
-    linkTerrainSet(1);
-    buildBusiestLevel();
-    measure("game screen, busiest", nullptr, busiestFrame, seconds);
-    if (gameOnly) {
-        measure("  clear and present only", nullptr, nothingDrawn, seconds);
-        measure("  backdrop and stars", nullptr, busiestBackdrop, seconds);
-        measure("  terrain cells", nullptr, busiestTerrain, seconds);
-        measure("  edge overlays", nullptr, busiestEdges, seconds);
-        measure("  whole level view", nullptr, busiestLevelView, seconds);
-        measure("  entities", nullptr, busiestEntities, seconds);
-        measure("  yardstick: one 640x480 quad", nullptr, fullQuad, seconds);
-        measure("  yardstick: 300 2x2 quads", nullptr, manySmall, seconds);
-    }
-    currentScreen = Paused;
-    measure("pause panel over it", nullptr, handlersFor(Paused)->render, seconds);
-
-    // A designed mission as it opens, with the game's own tick running.
-    if (openDesignedMission())
-        measure("game screen, mission P2M04", gameTick, busiestFrame, seconds);
     endFrame2D();
     closeLog();
     return 0;

@@ -12,6 +12,7 @@
 #include "game/mission.h"
 #include "game/status.h"
 #include "render/draw.h"
+#include "render/present.h"
 #include "render/stars.h"
 #include "render/text.h"
 #include "sim/bubblemen.h"
@@ -290,7 +291,7 @@ static void clipToLevelBand(bool on)
     }
     if (!levelBand.read)
         readLevelBand();
-    glScissor(0, levelBand.bottom, SCREEN_WIDTH, levelBand.top - levelBand.bottom);
+    scissorPicture(0, levelBand.bottom, SCREEN_WIDTH, levelBand.top - levelBand.bottom);
     glEnable(GL_SCISSOR_TEST);
 }
 

@@ -3,6 +3,7 @@
 // nearest filtering some of them set on the texture they bind.
 
 #include "render/draw.h"
+#include "render/present.h"
 
 #include "app/log.h"
 
@@ -74,8 +75,10 @@ void keepFrameMemory()
 
 void presentFrame()
 {
+    enlargeFrame();
     glFlush();
     allegro_gl_flip();
+    prepareNextFrame();
 }
 
 void drawRect(float x0, float y0, float x1, float y1, float r, float g, float b, float a)

@@ -114,15 +114,14 @@ bool writePng(const std::string &path, int w, int h, const std::vector<unsigned 
     return fclose(f) == 0;
 }
 
-std::vector<unsigned char> readFrameRgb()
+std::vector<unsigned char> readFrameRgb(int width, int height)
 {
-    std::vector<unsigned char> rgb((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 3);
-    std::vector<unsigned char> read((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 4);
-    glReadPixels(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, GL_RGBA, GL_UNSIGNED_BYTE, read.data());
-    for (int y = 0; y < SCREEN_HEIGHT; y++)
-        for (int x = 0; x < SCREEN_WIDTH; x++)
+    std::vector<unsigned char> rgb((size_t)width * height * 3);
+    std::vector<unsigned char> read((size_t)width * height * 4);
+    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, read.data());
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
             for (int c = 0; c < 3; c++)
-                rgb[((size_t)y * SCREEN_WIDTH + x) * 3 + c] =
-                    read[((size_t)(SCREEN_HEIGHT - 1 - y) * SCREEN_WIDTH + x) * 4 + c];
+                rgb[((size_t)y * width + x) * 3 + c] = read[((size_t)(height - 1 - y) * width + x) * 4 + c];
     return rgb;
 }

@@ -5,6 +5,7 @@
 #include "game/camera.h"
 #include "game/levelview.h"
 #include "render/draw.h"
+#include "render/present.h"
 #include "render/stars.h"
 #include "render/text.h"
 #include "render/textures.h"
@@ -439,4 +440,88 @@ TEST_F(Pixels, PicturesDrawnUnblendedLookAsBlendedOnes)
     drawTexture(200, 330, panel, 1, 1, 1, 1);
     EXPECT_TRUE(glIsEnabled(GL_BLEND));
     EXPECT_TRUE(glIsEnabled(GL_ALPHA_TEST));
+}
+
+// A frame with a different colour in nearly every pixel, its corners marked.
+static void drawPatternedFrame()
+{
+    static TextureId pattern = 0;
+    if (!pattern)
+        pattern = makePicture(512, 256, [](int x, int y) {
+            return Rgba{(unsigned char)(x * 7 + y), (unsigned char)(y * 5 + x / 3), (unsigned char)(x ^ y), 255};
+        });
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 0.2f, 0.4f, 0.6f, 1);
+    drawTexture(300, 250, pattern, 1, 1, 1, 1);
+    drawRect(0, 0, 1, 1, 1, 0, 0, 1);
+    drawRect(SCREEN_WIDTH - 1, SCREEN_HEIGHT - 1, SCREEN_WIDTH, SCREEN_HEIGHT, 0, 1, 0, 1);
+    // The game screen clips the level to the band between its panels.
+    scissorPicture(40, 30, 100, 60);
+    glEnable(GL_SCISSOR_TEST);
+    drawRect(0, 0, SCREEN_WIDTH, SCREEN_HEIGHT, 1, 1, 0, 1);
+    glDisable(GL_SCISSOR_TEST);
+}
+
+static std::vector<Rgba> readRect(int w, int h)
+{
+    std::vector<Rgba> pixels((size_t)w * h);
+    glFinish();
+    glReadPixels(0, 0, w, h, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    return pixels;
+}
+
+// The picture in a larger window: every pixel of the 640 x 480 frame becomes
+// a square of scale x scale window pixels at its place, the rest is black,
+// and the screens find their drawing state as they left it.
+TEST_F(Pixels, APictureInALargerWindowIsTheFrameWithEveryPixelEnlarged)
+{
+    const OSMesaContext context = OSMesaGetCurrentContext();
+    drawPatternedFrame();
+    const std::vector<Rgba> frame = readRect(SCREEN_WIDTH, SCREEN_HEIGHT);
+    ASSERT_EQ(frame[0], Red);
+    ASSERT_EQ(frame.back(), Green);
+    ASSERT_EQ(frame[(size_t)30 * SCREEN_WIDTH + 40], (Rgba{255, 255, 0, 255}));
+    ASSERT_EQ(frame[(size_t)29 * SCREEN_WIDTH + 40], (Rgba{51, 102, 153, 255}));
+
+    struct Case {
+        int w, h, scale;
+    } cases[] = {{1280, 960, 2}, {1300, 980, 2}, {1920, 1440, 3}, {700, 500, 1}};
+    for (const Case &c : cases) {
+        std::vector<unsigned char> window((size_t)c.w * c.h * 4, 77);
+        ASSERT_TRUE(OSMesaMakeCurrent(context, window.data(), GL_UNSIGNED_BYTE, c.w, c.h));
+        setPresentationWindow(c.w, c.h);
+        const PictureRect p = currentPicture();
+        ASSERT_EQ(p.scale, c.scale);
+        GLfloat projection[16];
+        glGetFloatv(GL_PROJECTION_MATRIX, projection);
+
+        drawPatternedFrame();
+        enlargeFrame();
+
+        const std::vector<Rgba> shown = readRect(c.w, c.h);
+        int wrong = 0;
+        for (int y = 0; y < c.h; y++)
+            for (int x = 0; x < c.w; x++) {
+                // OpenGL's rows run upward: the picture's top is at window row p.y.
+                const int px = x - p.x, py = y - (c.h - p.y - p.height);
+                const bool inside = px >= 0 && py >= 0 && px < p.width && py < p.height;
+                const Rgba want = inside ? frame[(size_t)(py / c.scale) * SCREEN_WIDTH + px / c.scale] : Black;
+                if (!(shown[(size_t)y * c.w + x] == want) && wrong++ < 5)
+                    ADD_FAILURE() << c.w << " x " << c.h << ": window pixel " << x << ", " << y << " is "
+                                  << shown[(size_t)y * c.w + x] << ", not " << want;
+            }
+        EXPECT_EQ(wrong, 0) << c.w << " x " << c.h;
+
+        GLint viewport[4];
+        glGetIntegerv(GL_VIEWPORT, viewport);
+        if (c.scale >= 2)
+            EXPECT_EQ(std::vector<GLint>(viewport, viewport + 4), (std::vector<GLint>{0, 0, 640, 480}));
+        GLfloat after[16];
+        glGetFloatv(GL_PROJECTION_MATRIX, after);
+        EXPECT_EQ(memcmp(projection, after, sizeof after), 0);
+        EXPECT_TRUE(glIsEnabled(GL_BLEND));
+        EXPECT_TRUE(glIsEnabled(GL_ALPHA_TEST));
+    }
+
+    setPresentationWindow(SCREEN_WIDTH, SCREEN_HEIGHT);
+    ASSERT_TRUE(OSMesaMakeCurrent(context, offscreenFrame().data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
 }
