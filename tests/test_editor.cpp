@@ -516,6 +516,18 @@ TEST_F(Editor, QuittingKeepsUnsavedWorkInANewFile)
     EXPECT_FALSE(fs::exists(folder() + "/.recovered"));
 }
 
+// Back from a test-play to the editor, through the fade.
+static void backToEditor(uint32_t from)
+{
+    leaveLevel(from);
+    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
+        transitionTick();
+        transitionFrame();
+    }
+    ASSERT_EQ(currentScreen, (u32)LevelEditor);
+    frame(320, 200, 0);
+}
+
 TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
 {
     paintSmallWinnableLevel();
@@ -546,13 +558,7 @@ TEST_F(Editor, TestPlayReturnsThePaintingUntouched)
     currentLevel.structures[3][9] = Hatcher;
     currentLevel.terrain[10][8] = Empty;
     mission.bubblemanLost = true;
-    leaveLevel(MissionFailed);
-    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
-        transitionTick();
-        transitionFrame();
-    }
-    ASSERT_EQ(currentScreen, (u32)LevelEditor);
-    frame(320, 200, 0);
+    backToEditor(MissionFailed);
 
     EXPECT_EQ(currentLevel.terrain, painted);
     for (const auto &column : currentLevel.structures)
@@ -588,25 +594,7 @@ static void winTestPlay()
     for (int32_t step = run.ticks + 1; step < run.ticks + 600 && outcome == RunUnfinished; step++)
         outcome = runStep(step, step == run.ticks + 1 ? &launch : nullptr, rest);
     ASSERT_EQ(outcome, RunWon);
-    leaveLevel(MissionComplete);
-    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
-        transitionTick();
-        transitionFrame();
-    }
-    ASSERT_EQ(currentScreen, (u32)LevelEditor);
-    frame(320, 200, 0);
-}
-
-// Back from a test-play to the editor, through the fade.
-static void backToEditor(uint32_t from)
-{
-    leaveLevel(from);
-    for (int i = 0; i < 60 && currentScreen != LevelEditor; i++) {
-        transitionTick();
-        transitionFrame();
-    }
-    ASSERT_EQ(currentScreen, (u32)LevelEditor);
-    frame(320, 200, 0);
+    backToEditor(MissionComplete);
 }
 
 // What the Open list says of the level at path.
