@@ -580,48 +580,38 @@ TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
 
     // Escape on the selection screen waits for its fades too: into it, and
     // out of it into a level.
-    click(mainNewGameButton);
-    RawInput escapeKey = {};
-    escapeKey.escape = 1;
-    for (int i = 0; i < 20; i++) {
-        sampleInputFrom(escapeKey);
+    // One frame with Escape or the Right arrow held.
+    auto key = [](bool escape) {
+        RawInput raw = {};
+        raw.escape = escape;
+        raw.right = !escape;
+        sampleInputFrom(raw);
         runScreenLogic(currentScreen);
         renderScreen(currentScreen);
-    }
+    };
+    click(mainNewGameButton);
+    for (int i = 0; i < 20; i++)
+        key(true);
     ASSERT_TRUE(settleOn(GameSelect));
     settleFades();
     click(startMissionButton);
-    for (int i = 0; i < 20 && currentScreen == Transition; i++) {
-        sampleInputFrom(escapeKey);
-        runScreenLogic(currentScreen);
-        renderScreen(currentScreen);
-    }
+    for (int i = 0; i < 20 && currentScreen == Transition; i++)
+        key(true);
     ASSERT_TRUE(settleOn(Playing)) << "the level is entered whatever the key";
     setScreen(MainMenu);
     // Nor does the Right arrow break a fade the menu has just started.
     click(mainOptionsButton);
-    RawInput rightKey = {};
-    rightKey.right = 1;
-    sampleInputFrom(rightKey);
-    runScreenLogic(currentScreen);
+    key(false);
     ASSERT_TRUE(settleOn(Options));
     setScreen(MainMenu);
 
     // The Right arrow waits for the menu's fade-in, then opens the credits at once.
     startTransition(Help, MainMenu, StarfieldKeep);
-    for (int i = 0; i < 20; i++) {
-        RawInput raw = {};
-        raw.right = 1;
-        sampleInputFrom(raw);
-        runScreenLogic(currentScreen);
-        renderScreen(currentScreen);
-    }
+    for (int i = 0; i < 20; i++)
+        key(false);
     EXPECT_NE(currentScreen, (u32)CreditsScreen);
     ASSERT_TRUE(settleOn(MainMenu));
-    RawInput right = {};
-    right.right = 1;
-    sampleInputFrom(right);
-    runScreenLogic(currentScreen);
+    key(false);
     EXPECT_EQ(currentScreen, (u32)CreditsScreen);
 
     // The credits: 44 style-and-text pairs, left by Escape once no fade runs.
@@ -635,10 +625,7 @@ TEST_F(FrontEnd, LeavingScreensAndNothingActsDuringAFade)
     creditScroll = 1399.8f;
     frame(0, 0, false);
     EXPECT_EQ(creditScroll, -30.0f) << "the column starts again from below";
-    RawInput escape = {};
-    escape.escape = 1;
-    sampleInputFrom(escape);
-    runScreenLogic(currentScreen);
+    key(true);
     ASSERT_TRUE(settleOn(MainMenu));
 
     // Exit Game: the exit screen's buttons wait for its fade-in, then end the game.

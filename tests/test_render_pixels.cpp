@@ -93,28 +93,19 @@ protected:
     }
 
     // The pixels of row y (or column x) that differ from the background.
-    static std::pair<int, int> coveredColumns(int y, Rgba background)
+    static std::pair<int, int> covered(int at_, Rgba background, bool columns)
     {
         int first = -1, last = -1;
-        for (int x = 0; x < SCREEN_WIDTH; x++)
-            if (!(at(x, y) == background)) {
+        for (int i = 0; i < (columns ? SCREEN_WIDTH : SCREEN_HEIGHT); i++)
+            if (!(columns ? at(i, at_) == background : at(at_, i) == background)) {
                 if (first < 0)
-                    first = x;
-                last = x;
+                    first = i;
+                last = i;
             }
         return {first, last};
     }
-    static std::pair<int, int> coveredRows(int x, Rgba background)
-    {
-        int first = -1, last = -1;
-        for (int y = 0; y < SCREEN_HEIGHT; y++)
-            if (!(at(x, y) == background)) {
-                if (first < 0)
-                    first = y;
-                last = y;
-            }
-        return {first, last};
-    }
+    static std::pair<int, int> coveredColumns(int y, Rgba background) { return covered(y, background, true); }
+    static std::pair<int, int> coveredRows(int x, Rgba background) { return covered(x, background, false); }
 };
 
 
