@@ -62,15 +62,6 @@ TEST(SimDriver, WinsWithEveryoneAboardAndLosesOnOneDeath)
     EXPECT_LT(lost.ticks, 200);
 }
 
-TEST(SimDriver, LevelWithoutRocketsIsCompleteAtOnce)
-{
-    loadLevel({"B....B", "B.P..B", "B####B", "BBBBBB"});
-    RunResult result = run("5 hatcher 2 8\n", 100);
-    EXPECT_EQ(result.outcome, RunWon);
-    EXPECT_EQ(result.ticks, 1);
-    EXPECT_TRUE(result.notes.empty()) << "nothing after the end is played";
-}
-
 TEST(SimDriver, RunsRepeatExactly)
 {
     // Chains, a pick-up, a lift and boarding sounds that draw random numbers.
