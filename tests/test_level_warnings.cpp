@@ -43,34 +43,31 @@ TEST(LevelWarnings, OddLevelsAreNamedAndSoundOnesPass)
 {
     EXPECT_TRUE(warningsFor(LevelFile(soundRows()).text()).empty());
 
-    std::vector<std::string> rows = soundRows();
-    rows[8][3] = '#';
-    std::vector<std::string> w = warningsFor(LevelFile(rows).text());
-    ASSERT_EQ(w.size(), 1u);
-    EXPECT_TRUE(mentions(w, "no pods"));
-
-    rows = soundRows();
-    rows[6][5] = '.';
-    w = warningsFor(LevelFile(rows).text());
-    ASSERT_EQ(w.size(), 1u);
-    EXPECT_TRUE(mentions(w, "no rockets"));
-
-    // A pod in the sky is counted and then cleared: the level keeps its
-    // other pod, so only the sky is named.
-    rows = soundRows();
-    rows[3][4] = 'P';
-    rows[2][6] = 'P';
-    w = warningsFor(LevelFile(rows).text());
-    ASSERT_EQ(w.size(), 1u);
-    EXPECT_TRUE(mentions(w, "2 pods in the sky rows")) << w[0];
-
-    // The ring below the sky and the corners of the sky rows are both ring.
-    rows = soundRows();
-    rows[8][0] = 'P';
-    rows[0][9] = 'P';
-    w = warningsFor(LevelFile(rows).text());
-    ASSERT_EQ(w.size(), 1u);
-    EXPECT_TRUE(mentions(w, "2 pods on the border ring")) << w[0];
+    // Each odd level: one or two cells changed, and the one warning it gets.
+    // A pod in the sky is counted and then cleared: the level keeps its other
+    // pod, so only the sky is named. The ring below the sky and the corners
+    // of the sky rows are both ring.
+    const struct {
+        int row1, column1;
+        char code1;
+        int row2, column2;  // row2 -1: one cell only
+        char code2;
+        const char *warning;
+    } cases[] = {
+        {8, 3, '#', -1, 0, 0, "no pods"},
+        {6, 5, '.', -1, 0, 0, "no rockets"},
+        {3, 4, 'P', 2, 6, 'P', "2 pods in the sky rows"},
+        {8, 0, 'P', 0, 9, 'P', "2 pods on the border ring"},
+    };
+    for (const auto &c : cases) {
+        std::vector<std::string> rows = soundRows();
+        rows[c.row1][c.column1] = c.code1;
+        if (c.row2 >= 0)
+            rows[c.row2][c.column2] = c.code2;
+        const std::vector<std::string> w = warningsFor(LevelFile(rows).text());
+        ASSERT_EQ(w.size(), 1u) << c.warning;
+        EXPECT_TRUE(mentions(w, c.warning)) << w[0];
+    }
 }
 
 TEST(LevelWarnings, ACutFileSaysHowManyCellsItHeld)

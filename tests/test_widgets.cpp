@@ -88,8 +88,6 @@ TEST_F(WidgetTest, SlidersFollowTheHeldPointerAndNeverGoToZero)
     mouseState = 1;
     updateSlider(s, 230, 200);  // left of the first cell
     EXPECT_EQ(s.value, 3);
-    updateSlider(s, 248, 200);
-    EXPECT_EQ(s.value, 1);
     for (int k = 1; k <= 10; k++) {
         updateSlider(s, 248 + (k - 1) * 16, 200);
         EXPECT_EQ(s.value, k);
