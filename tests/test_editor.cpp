@@ -735,6 +735,19 @@ TEST_F(Editor, AProofIsBoundToTheLevelItWins)
         EXPECT_EQ(levelcheck(levelPath), 0);
 }
 
+// A menu item that asks for a title, the old one erased and a new one typed.
+static void retitle(const Button &item, int erase, const std::string &title)
+{
+    clickButton(editorTopRightButton);
+    clickButton(item);
+    ASSERT_EQ(editorScreen.panel, TitlePanel);
+    for (int i = 0; i < erase; i++)
+        typeScancode(KEY_BACKSPACE);
+    type(title);
+    typeScancode(KEY_ENTER);
+    frame(320, 200, 0);
+}
+
 TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
 {
     paintSmallWinnableLevel();
@@ -745,14 +758,7 @@ TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
 
     // Save As: a new file under the typed title, with the proof; the old
     // one stays as it was.
-    clickButton(editorTopRightButton);
-    clickButton(editorColumnButtons[3]);        // Save As
-    ASSERT_EQ(editorScreen.panel, TitlePanel);
-    for (int i = 0; i < 9; i++)
-        typeScancode(KEY_BACKSPACE);
-    type("Second Cave");
-    typeScancode(KEY_ENTER);
-    frame(320, 200, 0);
+    retitle(editorColumnButtons[3], 9, "Second Cave");    // Save As
     EXPECT_EQ(editorDoc.path, folder() + "/second-cave.level");
     EXPECT_EQ(currentLevel.title, "Second Cave");
     EXPECT_EQ(statusTarget(), StatusSavedProven);
@@ -761,14 +767,7 @@ TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
     EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
 
     // Rename: the title, the file and the proof move together.
-    clickButton(editorTopRightButton);
-    clickButton(editorFileButtons[0]);          // Rename
-    ASSERT_EQ(editorScreen.panel, TitlePanel);
-    for (int i = 0; i < 11; i++)
-        typeScancode(KEY_BACKSPACE);
-    type("Third Cave");
-    typeScancode(KEY_ENTER);
-    frame(320, 200, 0);
+    retitle(editorFileButtons[0], 11, "Third Cave");      // Rename
     EXPECT_EQ(statusTarget(), StatusRenamed);
     EXPECT_EQ(editorDoc.path, folder() + "/third-cave.level");
     EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));

@@ -19,10 +19,10 @@
 #include "render/textures.h"
 #include "world/catalogue.h"
 #include "world/level.h"
+#include "support/offscreen_gl.h"
 
 #include <allegro.h>
 #include <jpgalleg.h>
-#include <GL/osmesa.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -30,9 +30,6 @@
 #include <list>
 #include <string>
 #include <vector>
-
-static OSMesaContext context;
-static std::vector<unsigned char> frame;
 
 class EveryPixel : public ::testing::Test {
 protected:
@@ -43,22 +40,14 @@ protected:
         const char *gameDir = getenv("DELVEMOOR_GAME_DIR");
         ASSERT_NE(gameDir, nullptr);
         snprintf(DataRoot, sizeof DataRoot, "%s", gameDir);
-        context = OSMesaCreateContextExt(OSMESA_RGBA, 0, 0, 0, nullptr);
-        ASSERT_NE(context, nullptr);
-        frame.assign((size_t)SCREEN_WIDTH * SCREEN_HEIGHT * 4, 0);
-        ASSERT_TRUE(OSMesaMakeCurrent(context, frame.data(), GL_UNSIGNED_BYTE, SCREEN_WIDTH, SCREEN_HEIGHT));
-        setDrawingState();
+        useOffscreenContext();
         makeTexture = uploadPictureOffscreen;
         beginFrame2D();
         loadFontData();
         loadGameData();
         linkObjectData();
     }
-    static void TearDownTestSuite()
-    {
-        endFrame2D();
-        OSMesaDestroyContext(context);
-    }
+    static void TearDownTestSuite() { endFrame2D(); }
 };
 
 // One frame of the main loop's drawing over what the buffer holds; the same
@@ -85,6 +74,7 @@ static std::vector<unsigned char> frameOver(bool noise)
     // and off the edges, where the view would scroll between the two.
     input.pointerX = 600;
     input.pointerY = 300;
+    std::vector<unsigned char> &frame = offscreenFrame();
     srand(99);
     for (size_t i = 0; i < frame.size(); i++)
         frame[i] = noise ? (unsigned char)(rand() >> 7) : (i % 4 == 3 ? 255 : 0);
