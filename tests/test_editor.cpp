@@ -107,14 +107,6 @@ static void typeScancode(int scancode)
     typedKeys.push_back(scancode << 8);
 }
 
-static std::string fileText(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 static int countPods()
 {
     countEditorPods(currentLevel);
@@ -414,7 +406,7 @@ TEST_F(Editor, NewLevelTypedSavedAndLoadedBack)
     newEditorLevel(again);
     ASSERT_TRUE(saveEditorLevel());
     EXPECT_EQ(editorDoc.path, folder() + "/cave-run-2.level");
-    EXPECT_EQ(fileText(path).find("Cave Run\n3\n"), 0u) << "the first file is untouched";
+    EXPECT_EQ(readFile(path).find("Cave Run\n3\n"), 0u) << "the first file is untouched";
 }
 
 TEST_F(Editor, AFailedSaveLosesNothing)
@@ -424,7 +416,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     ASSERT_TRUE(saveEditorLevel());
     EXPECT_EQ(statusTarget(), StatusSavedUnplayable) << "a pod but no rocket";
     const std::string path = editorDoc.path;
-    const std::string before = fileText(path);
+    const std::string before = readFile(path);
 
     // The disk fills half way through the new file.
     chooseTool(PaintRocks);
@@ -440,7 +432,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     setrlimit(RLIMIT_FSIZE, &saved);
     EXPECT_FALSE(saved1);
     EXPECT_EQ(statusTarget(), StatusSaveDiskFull);
-    EXPECT_EQ(fileText(path), before);
+    EXPECT_EQ(readFile(path), before);
     EXPECT_EQ(folderNames(), std::vector<std::string>{"new-level.level"}) << "no temporary file is left";
     EXPECT_TRUE(editorHasUnsavedChanges());
 
@@ -450,7 +442,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
         chmod(folder().c_str(), 0555);
         EXPECT_FALSE(saveEditorLevel());
         EXPECT_EQ(statusTarget(), StatusSaveReadOnly);
-        EXPECT_EQ(fileText(path), before);
+        EXPECT_EQ(readFile(path), before);
         chmod(folder().c_str(), 0755);
     } else {
         std::string detail;
@@ -479,7 +471,7 @@ TEST_F(Editor, AFailedSaveLosesNothing)
     clickButton(editorPanelButtons[1]);         // Discard
     EXPECT_EQ(currentScreen, (u32)Transition);
     EXPECT_EQ(transition.to, (u32)MainMenu);
-    EXPECT_EQ(fileText(path), before);
+    EXPECT_EQ(readFile(path), before);
     EXPECT_FALSE(editorHasUnsavedChanges()) << "the level is back as its file holds it";
     EXPECT_EQ(levelText(editorDoc.level, editorDoc.credits, editorDoc.toolLocked), before);
 }
@@ -489,7 +481,7 @@ TEST_F(Editor, QuittingKeepsUnsavedWorkInANewFile)
     chooseTool(PaintPod);
     paintAt(4, 9);
     ASSERT_TRUE(saveEditorLevel());
-    const std::string before = fileText(editorDoc.path);
+    const std::string before = readFile(editorDoc.path);
     keepUnsavedEditorWork();
     EXPECT_EQ(folderNames(), std::vector<std::string>{"new-level.level"}) << "nothing unsaved, nothing kept";
 
@@ -499,7 +491,7 @@ TEST_F(Editor, QuittingKeepsUnsavedWorkInANewFile)
     keepUnsavedEditorWork();
     EXPECT_EQ(folderNames(),
               (std::vector<std::string>{".recovered", "new-level-unsaved.level", "new-level.level"}));
-    EXPECT_EQ(fileText(editorDoc.path), before);
+    EXPECT_EQ(readFile(editorDoc.path), before);
     Level kept;
     std::string error;
     ASSERT_TRUE(tryLoadLevelFromFile(kept, (folder() + "/new-level-unsaved.level").c_str(), &error)) << error;
@@ -702,7 +694,7 @@ TEST_F(Editor, AProofIsBoundToTheLevelItWins)
     ASSERT_TRUE(saveEditorLevel());
     EXPECT_EQ(statusTarget(), StatusSavedProven) << statusTarget();
     EXPECT_TRUE(listedProven(levelPath));
-    const std::string provenText = fileText(levelPath);
+    const std::string provenText = readFile(levelPath);
 
     // The level edited beside its proof in a text editor.
     std::string edited = provenText;
@@ -724,7 +716,7 @@ TEST_F(Editor, AProofIsBoundToTheLevelItWins)
     renameWrittenFile = rename;
     EXPECT_TRUE(saved);
     EXPECT_EQ(statusTarget(), StatusProofNotSaved);
-    EXPECT_NE(fileText(levelPath), provenText);
+    EXPECT_NE(readFile(levelPath), provenText);
     EXPECT_TRUE(fs::exists(proofPath));
     EXPECT_FALSE(listedProven(levelPath));
     if (haveLevelcheck)
@@ -754,7 +746,7 @@ TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
     winTestPlay();
     ASSERT_TRUE(saveEditorLevel());
     const std::string first = editorDoc.path;
-    const std::string firstText = fileText(first);
+    const std::string firstText = readFile(first);
 
     // Save As: a new file under the typed title, with the proof; the old
     // one stays as it was.
@@ -762,7 +754,7 @@ TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
     EXPECT_EQ(editorDoc.path, folder() + "/second-cave.level");
     EXPECT_EQ(currentLevel.title, "Second Cave");
     EXPECT_EQ(statusTarget(), StatusSavedProven);
-    EXPECT_EQ(fileText(first), firstText);
+    EXPECT_EQ(readFile(first), firstText);
     EXPECT_TRUE(levelProvenOnDisk(first));
     EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
 
@@ -773,7 +765,7 @@ TEST_F(Editor, SaveAsRenameDuplicateAndDelete)
     EXPECT_TRUE(levelProvenOnDisk(editorDoc.path));
     EXPECT_EQ(folderNames(), (std::vector<std::string>{"new-level.level", "new-level.solution",
                                                        "third-cave.level", "third-cave.solution"}));
-    EXPECT_EQ(fileText(editorDoc.path).find("Third Cave\n"), 0u);
+    EXPECT_EQ(readFile(editorDoc.path).find("Third Cave\n"), 0u);
 
     // Duplicate: a copy to go on with.
     clickButton(editorTopRightButton);

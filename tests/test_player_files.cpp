@@ -9,6 +9,7 @@
 #include "editor/editor.h"
 #include "game/mission.h"
 #include "world/catalogue.h"
+#include "support/scratch.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -24,14 +25,6 @@
 
 namespace fs = std::filesystem;
 
-static std::string fileText(const std::string &path)
-{
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 static void writeText(const std::string &path, const std::string &text)
 {
     fs::create_directories(fs::path(path).parent_path());
@@ -39,15 +32,15 @@ static void writeText(const std::string &path, const std::string &text)
 }
 
 struct PlayerFiles : ::testing::Test {
-    std::string root, game, source;
+    ScratchFolder scratch{"delvemoor-playerfiles"};
+    const std::string root = scratch.path;
+    std::string game, source;
 
     void SetUp() override
     {
         static bool allegroStarted = false;
         if (!allegroStarted)
             allegroStarted = install_allegro(SYSTEM_NONE, &errno, atexit) == 0;
-        char pattern[] = "/tmp/delvemoor-playerfiles-XXXXXX";
-        root = mkdtemp(pattern);
         game = root + "/game";
         fs::create_directories(game + "/custom");
         snprintf(DataRoot, sizeof DataRoot, "%s", game.c_str());
@@ -60,11 +53,7 @@ struct PlayerFiles : ::testing::Test {
         setenv("XDG_STATE_HOME", (root + "/xdg-state").c_str(), 1);
     }
 
-    void TearDown() override
-    {
-        closeLog();
-        fs::remove_all(root);
-    }
+    void TearDown() override { closeLog(); }
 
     void installForSystem() { writeText(game + "/" + SYSTEM_INSTALL_MARK, "installed\n"); }
 };
@@ -79,7 +68,7 @@ TEST_F(PlayerFiles, AGameFolderOfThePlayersOwnKeepsEverythingTogether)
     openLog();
     preparePlayerFiles();
     closeLog();
-    EXPECT_NE(fileText(game + "/gamelog.txt").find("kept in the game folder"), std::string::npos);
+    EXPECT_NE(readFile(game + "/gamelog.txt").find("kept in the game folder"), std::string::npos);
     EXPECT_FALSE(fs::exists(root + "/xdg-config")) << "nothing is made in the player's folders";
     EXPECT_FALSE(fs::exists(root + "/xdg-state"));
 }
@@ -95,19 +84,19 @@ TEST_F(PlayerFiles, AnInstalledGameUsesThePlayersXdgFoldersAndSeedsTheSettingsOn
     preparePlayerFiles();
     closeLog();
     ASSERT_TRUE(fs::exists(log));
-    const std::string logged = fileText(log);
+    const std::string logged = readFile(log);
     EXPECT_NE(logged.find("Settings: " + config), std::string::npos);
     EXPECT_NE(logged.find("Custom levels: " + root + "/xdg-data/delvemoor/custom"), std::string::npos);
-    EXPECT_EQ(fileText(config), fileText(game + "/gameconfig.cfg")) << "seeded from the shipped copy";
+    EXPECT_EQ(readFile(config), readFile(game + "/gameconfig.cfg")) << "seeded from the shipped copy";
     EXPECT_EQ(fs::status(root + "/xdg-state/delvemoor").permissions() & fs::perms::all, fs::perms::owner_all);
 
     // The player's settings are theirs from now on: a later start keeps them.
-    std::string own = fileText(config);
+    std::string own = readFile(config);
     own.replace(own.find("SCROLLSPEED = "), own.find('\n', own.find("SCROLLSPEED = ")) - own.find("SCROLLSPEED = "),
                 "SCROLLSPEED = 3");
     writeText(config, own);
     preparePlayerFiles();
-    EXPECT_EQ(fileText(config), own);
+    EXPECT_EQ(readFile(config), own);
     readConfig();
     EXPECT_EQ(settings.scrollSpeed, 3) << "the reader opens the player's copy, not the shipped one";
     EXPECT_FALSE(fs::exists(game + "/gamelog.txt"));
@@ -137,7 +126,7 @@ TEST_F(PlayerFiles, CustomGameListsThePlayersLevelsAndTheShippedExamples)
     fs::permissions(game + "/custom", fs::perms::owner_write, fs::perm_options::remove);
     const std::string own = playerFilePath(PlayerCustomFolder);
     // The player's edited copy of an example shadows it; the rest are listed beside.
-    std::string edited = fileText(example);
+    std::string edited = readFile(example);
     edited.replace(0, edited.find('\n'), "My Crossing");
     writeText(own + "/crossing.level", edited);
 
