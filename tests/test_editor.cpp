@@ -21,6 +21,7 @@
 #include "world/level.h"
 #include "world/level_writer.h"
 #include "support/scratch.h"
+#include "support/scripted_input.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -38,18 +39,6 @@
 
 namespace fs = std::filesystem;
 
-static int heldButtons = 0;
-static int testMouseButtons() { return heldButtons; }
-static std::vector<int> typedKeys;
-static int testTypedKey()
-{
-    if (typedKeys.empty())
-        return -1;
-    const int key = typedKeys.front();
-    typedKeys.erase(typedKeys.begin());
-    return key;
-}
-
 // One tick and one frame of the editor with the pointer at (px, py) in the
 // y-up screen coordinates and the mouse buttons as given (bit 0 left, 1 right).
 static void frame(float px, float py, int buttons)
@@ -61,7 +50,7 @@ static void frame(float px, float py, int buttons)
     sampleInputFrom(raw);
     input.pointerX = px;
     input.pointerY = py;
-    heldButtons = buttons;
+    scriptedButtons = buttons;
     runScreenLogic(currentScreen);
     renderScreen(currentScreen);
 }
@@ -130,10 +119,10 @@ struct Editor : ::testing::Test {
         const char *gameDir = std::getenv("DELVEMOOR_GAME_DIR");
         if (gameDir)
             fs::create_directory_symlink(std::string(gameDir) + "/DATA", root + "/DATA");
-        readMouseButtons = testMouseButtons;
-        nextTypedKey = testTypedKey;
+        readMouseButtons = scriptedMouse;
+        nextTypedKey = scriptedKey;
         typedKeys.clear();
-        heldButtons = 0;
+        scriptedButtons = 0;
         for (auto &list : levelLists)
             list.clear();
         editorDoc = EditorDocument();

@@ -20,6 +20,7 @@
 #include "world/passwords.h"
 #include "support/offscreen_gl.h"
 #include "support/scratch.h"
+#include "support/scripted_input.h"
 
 #include <allegro.h>
 #include <gtest/gtest.h>
@@ -27,7 +28,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -35,19 +35,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
-
-static int mouseButtons = 0;
-static int scriptedMouse() { return mouseButtons; }
-
-static std::deque<int> typedKeys;
-static int scriptedKey()
-{
-    if (typedKeys.empty())
-        return -1;
-    int k = typedKeys.front();
-    typedKeys.pop_front();
-    return k;
-}
 
 // Each black frame of a blackout lets one tick of the timer pass.
 static void blackFramePassesATick() { tickCounter++; }
@@ -111,7 +98,7 @@ protected:
         selectScreen.messageChangePending = selectScreen.modeChangePending = false;
         selectScreen.arrowHint = selectScreen.hintPanel = 0;
         transition = {};
-        mouseButtons = 0;
+        scriptedButtons = 0;
         typedKeys.clear();
         SoundRequest = SoundRequestIdle;
         InterfaceSoundRequest = 0;
@@ -127,9 +114,9 @@ protected:
     // One frame as the main loop runs it, with one tick owed.
     void frame(float x, float y, bool down)
     {
-        mouseButtons = down ? 1 : 0;
+        scriptedButtons = down ? 1 : 0;
         RawInput raw = {};
-        raw.mouseButtons = mouseButtons;
+        raw.mouseButtons = scriptedButtons;
         sampleInputFrom(raw);
         input.pointerX = x;
         input.pointerY = y;
