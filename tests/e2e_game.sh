@@ -9,7 +9,7 @@ WORK=$3
 SOURCE_DIR=${DELVEMOOR_SOURCE_DIR:-$(cd "$(dirname "$0")/.." && pwd)}
 SHIPPED_CONFIG=$SOURCE_DIR/assets/gamedir/gameconfig.cfg
 PY=/usr/bin/python3
-failures=0
+source "$SOURCE_DIR/tests/shell_checks.sh"
 
 rm -rf "$WORK"
 mkdir -p "$WORK/bin"
@@ -39,10 +39,6 @@ chmod +x "$WORK/bin/xmessage" "$WORK/bin/xdg-open"
 export PATH="$WORK/bin:$PATH"
 export XDG_OPEN_LOG=$WORK/xdg-open.log
 
-check() {  # check <description> <command...>
-    local what=$1; shift
-    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
-}
 
 fresh_copy() {  # fresh_copy <dir>
     rm -rf "$1"
@@ -52,14 +48,6 @@ fresh_copy() {  # fresh_copy <dir>
     cp "$SHIPPED_CONFIG" "$1/gameconfig.cfg"
 }
 
-wait_for_line() {  # wait_for_line <file> <text> <seconds>
-    local i
-    for ((i = 0; i < $3 * 10; i++)); do
-        grep -qF -- "$2" "$1" 2>/dev/null && return 0
-        sleep 0.1
-    done
-    return 1
-}
 
 # The boxes a player saw, one a line; the video mode's notice is the one box
 # a software renderer shows on every start, and the sound's the one a machine
