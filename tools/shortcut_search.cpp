@@ -20,6 +20,7 @@
 #include "game/driver.h"
 #include "game/launchpanel.h"
 #include "game/mission.h"
+#include "game/proof.h"
 #include "game/solution.h"
 #include "game/toolbar.h"
 #include "sim/bubblemen.h"
@@ -546,17 +547,6 @@ bool parseArguments(int argc, char **argv, Arguments &args)
     return args.level && args.solution;
 }
 
-bool readFile(const char *path, std::string &text)
-{
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return false;
-    std::ostringstream s;
-    s << in.rdbuf();
-    text = s.str();
-    return true;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -569,7 +559,7 @@ int main(int argc, char **argv)
     }
     std::string error;
     Solution solution;
-    if (!readFile(args.level, levelText)) {
+    if (!readWholeFile(args.level, &levelText)) {
         std::printf("%s: error: cannot read the level\n", args.level);
         return 2;
     }
