@@ -13,11 +13,11 @@ PLAY_PACKAGES := cmake make g++ pkg-config \
 	liballegro4-dev liballeggl4-dev libjpgalleg4-dev libgl1-mesa-dev libglu1-mesa-dev libx11-dev \
 	python3 python3-pil python3-numpy fonts-dejavu-core xdg-utils x11-utils
 # The tests and benchmarks add these: clang with its sanitizers, GoogleTest and
-# Google Benchmark, an X server to drive the game in, OSMesa for pixel tests,
-# the validators of the menu entries, and what builds and checks the package.
+# Google Benchmark, an X server and Python's X library to drive the game in,
+# OSMesa for pixel tests, the validators of the menu entries, and what builds and checks the package.
 TEST_PACKAGES := $(PLAY_PACKAGES) \
 	clang libclang-rt-14-dev libgtest-dev libbenchmark-dev \
-	libosmesa6-dev xvfb xauth x11-apps xdotool \
+	libosmesa6-dev xvfb xauth x11-apps xdotool python3-xlib \
 	desktop-file-utils appstream man-db debhelper dpkg-dev fakeroot lintian
 PACKAGES = $(PLAY_PACKAGES)
 

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """The level editor end to end, as a player reaches it: the real game in a
-real X server (Xvfb), driven by mouse and keys through xdotool.
+real X server (Xvfb), driven by mouse and keys through the X test extension.
 
     e2e_editor.py <game dir> <work dir>
 
@@ -17,7 +17,8 @@ import subprocess
 import sys
 import time
 
-from PIL import ImageGrab
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from e2e_window import GameWindow, launch_panel_in, mission_end_up  # noqa: E402
 
 GAME_DIR, WORK = sys.argv[1], sys.argv[2]
 SOURCE_DIR = os.environ.get("DELVEMOOR_SOURCE_DIR",
@@ -53,33 +54,6 @@ def log_has(text):
         return False
 
 
-def xdo(*args):
-    return subprocess.run(["xdotool", *args], capture_output=True, text=True).stdout.strip()
-
-
-def click(x, y, button=1):
-    """A player's click at (x, y) of the 640 x 480 window (y down), held long
-    enough for the game, which samples the mouse once a frame, to see it."""
-    xdo("mousemove", "--window", window, str(x), str(y))
-    time.sleep(0.2)
-    xdo("mousedown", str(button))
-    time.sleep(0.8)
-    xdo("mouseup", str(button))
-    time.sleep(0.5)
-
-
-def drag(points):
-    x, y = points[0]
-    xdo("mousemove", "--window", window, str(x), str(y))
-    time.sleep(0.2)
-    xdo("mousedown", "1")
-    for x, y in points:
-        xdo("mousemove", "--window", window, str(x), str(y))
-        time.sleep(0.4)
-    xdo("mouseup", "1")
-    time.sleep(0.5)
-
-
 def log_count(text):
     try:
         with open(os.path.join(GAME, "gamelog.txt"), errors="replace") as f:
@@ -92,39 +66,20 @@ def win_level(name):
     """A hatcher over the pod at (10, 9), Hatch Pods, and Launch once the
     bubbleman has boarded the rocket three cells to the right; then the
     mission-end panel's Continue."""
-    click(225, 48)                              # the hatcher
-    click(*cell(10, 9))
-    click(311, 463)                             # "Hatch Pods"
-    time.sleep(8)
-    for _ in range(5):
-        click(502, 410)                         # "Launch", once the panel is in
-        time.sleep(2)
+    player.click(225, 48)                       # the hatcher
+    player.click(*cell(10, 9))
+    player.click(311, 463)                      # "Hatch Pods"
+    if player.wait_for_look("the launch panel", launch_panel_in, 90):
+        player.wait_frames(3, 0.15)             # the last steps of its slide
+    player.click(502, 410)                      # "Launch"
+    player.wait_for_look("the mission-end panel", mission_end_up, 60)
     shot(name)
-    time.sleep(4)
-    click(320, 348)                             # "Continue"
-    time.sleep(4)
-
-
-def type_text(text):
-    """Typed a key at a time, as a player types: xdotool's own typing can
-    outrun a game that reads the keyboard once a frame."""
-    for c in text:
-        key("space" if c == " " else c)
-
-
-def key(name):
-    xdo("keydown", name)
-    time.sleep(0.3)
-    xdo("keyup", name)
-    time.sleep(0.3)
+    player.click_to(320, 348)                   # "Continue"
 
 
 def shot(name):
     """The game window as a PNG; returns how many colours it shows."""
-    time.sleep(0.5)
-    picture = ImageGrab.grab(xdisplay=display).crop((origin[0], origin[1], origin[0] + 640, origin[1] + 480))
-    picture.save(os.path.join(WORK, name + ".png"))
-    return len(picture.getcolors(1 << 20) or [])
+    return player.shot(os.path.join(WORK, name + ".png"))
 
 
 # The editor's cells with the view where a new level opens it (camera 200,
@@ -161,53 +116,46 @@ try:
     with open(os.path.join(WORK, "game.out"), "w") as out:
         game = subprocess.Popen(["./Delvemoor"], cwd=GAME, stdout=out, stderr=subprocess.STDOUT)
     check("the game reaches Load Screen Done", wait_for(lambda: log_has("Load Screen Done"), 240))
-    time.sleep(3)
-    window = xdo("search", "--name", "^Delvemoor$").split("\n")[0]
-    geometry = dict(line.split("=") for line in xdo("getwindowgeometry", "--shell", window).split("\n") if "=" in line)
-    origin = (int(geometry.get("X", 0)), int(geometry.get("Y", 0)))
+    player = GameWindow()
+    click, key = player.click, player.key
+    player.wait_until_still(20)
     if log_has("OpenGL Card: llvmpipe"):
-        click(320, 332)                         # "No Thanks" on the slow-driver warning
-        time.sleep(6)
+        player.click_to(320, 332)               # "No Thanks" on the slow-driver warning
 
-    click(320, 241)                             # "Editor"
-    time.sleep(4)
+    player.click_to(320, 241)                   # "Editor"
     colours = shot("1-editor")
     check("the editor opens on a level (%d colours)" % colours, colours > 100)
 
     click(570, 463)                             # the editor's "Menu"
     click(250, 204)                             # "New Level"
-    time.sleep(2)                               # typing goes to the panel once it is up
+    player.wait_until_still(10)                 # typing goes to the panel once it is up
     colours = shot("2-new-level")
     check("the new-level panel is on show (%d colours)" % colours, colours > 20)
-    type_text(TITLE)
-    time.sleep(0.5)
+    player.type(TITLE)
     shot("3-title-typed")
     key("Return")
 
     click(99, 48)                               # rocks, as a rectangle
     key("r")
-    drag([cell(16, 7), cell(18, 8), cell(20, 8)])
+    player.drag([cell(16, 7), cell(18, 8), cell(20, 8)])
     key("b")                                    # back to cell by cell
     click(225, 48)                              # a pod on the ground
     click(*cell(10, 9))
     click(288, 48)                              # a rocket beside it
     click(*cell(13, 9))
     key("g")                                    # the grid, for the picture
-    time.sleep(0.5)
     shot("4-painted")
     key("g")
 
-    click(320, 463)                             # "Test Play"
-    time.sleep(2)
+    player.click_to(320, 463)                   # "Test Play"
     shot("4a-test-play")
     click(552, 463)                             # the game's "Menu": the pause panel
-    click(320, 340)                             # "Exit": back to the editor
-    time.sleep(3)
-    check("the test play was left for the editor", log_has("Exiting level..."))
+    player.click_to(320, 340)                   # "Exit": back to the editor
+    check("the test play was left for the editor", wait_for(lambda: log_has("Exiting level..."), 10))
     shot("4b-back-in-editor")
 
     key("ctrl+s")
-    time.sleep(1)
+    wait_for(lambda: log_has("Saved level: "), 10)
     shot("5-saved")
     saved = os.path.join(GAME, "custom", LEVEL_FILE)
     check("the level is saved as custom/" + LEVEL_FILE, os.path.isfile(saved))
@@ -222,49 +170,46 @@ try:
                                                    for x in range(16, 21) for y in (7, 8)))
     check("the editor logged the save", log_has("Saved level: "))
 
-    click(320, 463)                             # "Test Play", to win it
-    time.sleep(3)
+    player.click_to(320, 463)                   # "Test Play", to win it
     win_level("5a-test-play-won")
     shot("5b-proven")
-    check("the won test play is saved as the level's proof", log_has("Saved the winning run beside " + saved))
+    check("the won test play is saved as the level's proof",
+          wait_for(lambda: log_has("Saved the winning run beside " + saved), 10))
 
     click(570, 463)                             # "Menu"
     shot("5c-menu")
     click(390, 204)                             # "Rename"
-    time.sleep(2)
+    player.wait_until_still(10)
     for _ in TITLE:
         key("BackSpace")
-    type_text(RENAMED)
+    player.type(RENAMED)
     shot("5d-rename-panel")
     key("Return")
-    time.sleep(1)
-    shot("5d-renamed-done")
     renamed = os.path.join(GAME, "custom", RENAMED_FILE)
     check("the rename moved the level and its proof",
-          os.path.isfile(renamed) and os.path.isfile(renamed[:-6] + ".solution") and not os.path.exists(saved))
+          wait_for(lambda: os.path.isfile(renamed) and os.path.isfile(renamed[:-6] + ".solution") and
+                   not os.path.exists(saved), 10))
+    shot("5d-renamed-done")
     saved = renamed
 
     click(570, 463)                             # "Menu"
     click(250, 238)                             # "Open Level"
-    time.sleep(1)
-    xdo("mousemove", "--window", window, "250", "100")
-    time.sleep(1)
+    player.move(250, 100)
+    player.wait_until_still(10)
     shot("5e-open-list")                        # the level pictured, marked Proven
     click(320, 463)                             # "Back"
 
     key("Escape")                               # back to the main menu
-    time.sleep(3)
+    player.wait_until_still(30, since=time.monotonic() + 0.8)
     shot("6-main-menu")
-    click(320, 205)                             # "New Game"
-    time.sleep(4)
-    click(190, 319)                             # "Custom Game"
-    time.sleep(2)
+    player.click_to(320, 205)                   # "New Game"
+    player.click_to(190, 319)                   # "Custom Game"
     colours = shot("7-custom-list")
     check("the custom list is on show (%d colours)" % colours, colours > 100)
     click(190, 372)                             # the start button
     check("the saved level is the one that loads",
           wait_for(lambda: log_has("Successfully loaded level: " + saved), 20))
-    time.sleep(4)
+    player.wait_until_still(30, since=time.monotonic() + 0.5)
     colours = shot("8-playing")
     check("the level plays (%d colours)" % colours, colours > 100)
     listings = log_count("Loading levels...")

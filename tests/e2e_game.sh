@@ -84,27 +84,7 @@ wait_for_exit() {  # wait_for_exit <pid> <seconds>; sets exit_status (runs in th
 
 # The screenshot as PNG and the number of distinct colours in it.
 screenshot() {  # screenshot <png>
-    xwd -root -silent -display "$DISPLAY" > "$1.xwd" 2>/dev/null || { echo 0; return; }
-    local origin=0,0 wid
-    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
-    if [ -n "$wid" ]; then
-        origin=$(xdotool getwindowgeometry --shell "$wid" | awk -F= '/^X=/{x=$2} /^Y=/{y=$2} END{print x "," y}')
-    fi
-    "$PY" "$SOURCE_DIR/tests/xwd_png.py" "$1.xwd" "$1" "$origin"
-}
-
-# Waits on what the window shows rather than for a fixed time (a loaded
-# software renderer may draw only a few frames a second): after a click, for
-# the picture to change from what it was and then hold still; or just for it
-# to hold still. The limits are generous: a wait ends as soon as the screen
-# has settled, and a loaded machine may take long to get there.
-SCREEN_TOOL="$PY $(cd "$(dirname "$0")" && pwd)/e2e_screen.py"
-screen_mean() { $SCREEN_TOOL mean; }
-settle() {  # settle <most seconds> <mean before the click>
-    $SCREEN_TOOL settle "$1" "$2"
-}
-hold_still() {  # hold_still <most seconds>
-    $SCREEN_TOOL settle "$1" -1000
+    player shot "$1"
 }
 
 # ---------------------------------------------------------------------------
@@ -125,24 +105,15 @@ export XMESSAGE_LOG=$WORK/normal-xmessage.log
 (cd "$G" && exec ./Delvemoor > "$WORK/normal.out" 2>&1) &
 GAME=$!
 check "reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-hold_still 3
+player ready 20
 colours=$(screenshot "$WORK/first-screen.png")
-check "the first screen is not blank ($colours colours)" test "$colours" -gt 8
+check "the first screen is not blank ($colours colours)" test "${colours:-0}" -gt 8
 if grep -qF "OpenGL Card: llvmpipe" "$G/gamelog.txt"; then
     # Mesa's software renderer: the game opens on the slow-driver warning;
     # "No Thanks" goes on to the intro and the main menu.
-    xdotool search --name '^Delvemoor$' > "$WORK/window-id" 2>/dev/null
-    WID=$(head -n 1 "$WORK/window-id")
-    if [ -n "$WID" ]; then
-        # A player's click lasts a while; the game samples the button once a frame.
-        before=$(screen_mean)
-        xdotool mousemove --window "$WID" 320 332 mousedown 1
-        sleep 0.5
-        xdotool mouseup 1
-        settle 20 "$before"
-        colours=$(screenshot "$WORK/after-no-thanks.png")
-        check "after No Thanks the screen is not blank ($colours colours)" test "$colours" -gt 8
-    fi
+    player click-to 320 332 20
+    colours=$(screenshot "$WORK/after-no-thanks.png")
+    check "after No Thanks the screen is not blank ($colours colours)" test "${colours:-0}" -gt 8
 fi
 check "close_window finds the window" "$CLOSE_WINDOW" Delvemoor
 wait_for_exit "$GAME" 120
@@ -217,14 +188,6 @@ launch() {  # launch <name> [folder to start in]: runs $WORK/<name>/Delvemoor in
     (cd "${2:-$G}" && exec "$PY" -c 'import os, signal, sys; signal.signal(signal.SIGINT, signal.SIG_DFL); os.execv(sys.argv[1], sys.argv[1:])' "$G/Delvemoor" > "$WORK/$1.out" 2>&1) &
     GAME=$!
 }
-click_at() {  # click_at <x> <y> [seconds held]: a player's click in the game window, held a few frames
-    local wid
-    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
-    [ -n "$wid" ] || return 1
-    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
-    sleep "${3:-0.5}"
-    xdotool mouseup 1
-}
 ended_normally() {  # ended_normally <name> <signal number>
     wait_for_exit "$GAME" 60
     check "$1: status 0 (got $exit_status)" test "$exit_status" = 0
@@ -243,13 +206,12 @@ grep -qF "OpenGL Card: llvmpipe" "$WORK/normal/gamelog.txt" && SOFTWARE=1
 fresh_copy "$WORK/suspend"
 launch suspend
 check "suspend: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-sleep 2
 # The slow-driver warning holds still; the menu's stars move.
-before=$(screen_mean)
-[ "$SOFTWARE" = 1 ] && click_at 320 332
-settle 20 "$before"
+player ready 20
+[ "$SOFTWARE" = 1 ] && player click-to 320 332 20
+# Stopped for longer than the three seconds of ticks one frame may play.
 kill -STOP "$GAME"
-sleep 6
+sleep 4.5
 kill -CONT "$GAME"
 check "suspend: the pause's ticks are skipped, not played" wait_for_line "$G/gamelog.txt" "Skipped" 30
 screenshot "$WORK/suspend-1.png" > /dev/null
@@ -288,14 +250,10 @@ fresh_copy "$WORK/manual"
 rm -f "$XDG_OPEN_LOG" "$XDG_OPEN_LOG.fds"
 launch manual
 check "manual: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-sleep 2
-before=$(screen_mean)
-[ "$SOFTWARE" = 1 ] && click_at 320 332
-settle 20 "$before"
-before=$(screen_mean)
-click_at 320 277   # Help
-settle 20 "$before"
-click_at 320 296   # View Manual
+player ready 20
+[ "$SOFTWARE" = 1 ] && player click-to 320 332 20
+player click-to 320 277 20   # Help
+player click 320 296         # View Manual
 wait_for_exit "$GAME" 60
 check "manual: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
 check "manual: the log ends with its trailer" test "$(tail -c 17 "$G/gamelog.txt")" = ":: End Of LogFile"
@@ -312,8 +270,8 @@ if [ "$SOFTWARE" = 1 ]; then
     rm -f "$XDG_OPEN_LOG" "$XDG_OPEN_LOG.fds"
     launch drivers "$WORK"
     check "drivers: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-    sleep 2
-    click_at 320 296
+    player ready 20
+    player click 320 296
     wait_for_exit "$GAME" 60
     check "drivers: the game ends with status 1 (got $exit_status)" test "$exit_status" = 1
     check "drivers: no shut-down ran" bash -c "! grep -qF 'End Of LogFile' '$G/gamelog.txt'"
@@ -330,67 +288,43 @@ fi
 # 5. The campaign as a player clicks it: the main menu, New Game, mission 1
 # won with the mouse, "Continue", mission 2 in the list and started; then the
 # exit screen, once through the maker's page and once through Exit Game.
-press_key() {  # press_key <key>: held a few frames, in the game's window
-    local wid
-    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
-    [ -n "$wid" ] && xdotool windowfocus "$wid" 2>/dev/null
-    xdotool keydown "$1"
-    sleep 1
-    xdotool keyup "$1"
-}
 lines_in() {  # lines_in <file> <text>: how many lines hold the text
     grep -cF -- "$2" "$1" 2>/dev/null
 }
-# A sanitized build on a busy machine may draw only a few frames a second:
-# each click here is held long enough for two of them to see it.
-hold_click() {  # hold_click <x> <y>
-    click_at "$1" "$2" 1 && sleep 0.5
-}
-click_settle() {  # click_settle <x> <y> <most seconds>: a held click, then the screen it leads to
-    local before
-    before=$(screen_mean)
-    hold_click "$1" "$2"
-    settle "$3" "$before"
-}
 to_main_menu() {  # from the start of a run to the main menu
     check "$1: reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-    sleep 2
-    [ "$SOFTWARE" = 1 ] && click_settle 320 332 20   # No Thanks
+    player ready 20
+    [ "$SOFTWARE" = 1 ] && player click-to 320 332 20   # No Thanks
 }
 fresh_copy "$WORK/campaign"
 rm -f "$XDG_OPEN_LOG"
 launch campaign
 to_main_menu campaign
 screenshot "$WORK/campaign-1-main-menu.png" > /dev/null
-click_settle 320 205 20                           # New Game
+player click-to 320 205 20                       # New Game
 check "campaign: the selection screen reads the levels afresh" test "$(lines_in "$G/gamelog.txt" "Loading levels...")" = 2
 screenshot "$WORK/campaign-2-selection.png" > /dev/null
-hold_click 190 372                               # start: planet 1, its first mission
+player click-to 190 372 30                       # start: planet 1, its first mission
 check "campaign: mission 1 loads" wait_for_line "$G/gamelog.txt" "LEVELS/P1M01_LEV" 30
-hold_still 3
 # Its winning run with the mouse (the window is the picture here).
 source "$SOURCE_DIR/tests/e2e_first_mission.sh"
 hatch_first_mission
 screenshot "$WORK/campaign-3-mission-1.png" > /dev/null
 launch_first_mission
 screenshot "$WORK/campaign-4-mission-complete.png" > /dev/null
-before=$(screen_mean)
-hold_click 320 348                               # Continue
+player click-to 320 348 30                       # Continue
 check "campaign: the level is left for the selection screen" wait_for_line "$G/gamelog.txt" "Exiting level..." 30
-settle 20 "$before"
 screenshot "$WORK/campaign-5-mission-2-unlocked.png" > /dev/null
-hold_click 230 216                               # the next mission
-sleep 1
-hold_click 190 372                               # start
+player click 230 216                             # the next mission
+player click-to 190 372 30                       # start
 check "campaign: the win opened mission 2, which starts" wait_for_line "$G/gamelog.txt" "LEVELS/P1M02_LEV" 30
-hold_still 3
-press_key Escape
-sleep 1
-click_settle 320 340 20                           # Exit on the pause panel
-click_settle 190 425 20                           # Return To Menu
-click_settle 320 421 20                           # Exit Game
+player key Escape
+player ready 10                                  # the pause panel
+player click-to 320 340 20                       # Exit on the pause panel
+player click-to 190 425 20                       # Return To Menu
+player click-to 320 421 20                       # Exit Game
 screenshot "$WORK/campaign-6-exit-screen.png" > /dev/null
-hold_click 160 462                               # Visit about.html
+player click 160 462                             # Visit about.html
 wait_for_exit "$GAME" 60
 check "campaign: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
 check "campaign: the configuration is written" grep -qF "Successfully wrote gameconfig.cfg" "$G/gamelog.txt"
@@ -401,8 +335,8 @@ fresh_copy "$WORK/exitgame"
 rm -f "$XDG_OPEN_LOG"
 launch exitgame
 to_main_menu exitgame
-click_settle 320 421 20                           # Exit Game
-hold_click 480 462                               # the exit screen's Exit Game
+player click-to 320 421 20                       # Exit Game
+player click 480 462                             # the exit screen's Exit Game
 wait_for_exit "$GAME" 60
 check "exitgame: the game ends with status 0 (got $exit_status)" test "$exit_status" = 0
 check "exitgame: the log ends with its trailer" test "$(tail -c 17 "$G/gamelog.txt")" = ":: End Of LogFile"

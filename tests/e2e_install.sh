@@ -10,15 +10,6 @@ CLOSE_WINDOW=$2
 WORK=$(realpath -m "$3")
 PY=/usr/bin/python3
 source "$(dirname "$0")/shell_checks.sh"
-click_at() {  # click_at <x> <y>: held a few frames, as a player's click is
-    local wid
-    wid=$(xdotool search --name '^Delvemoor$' 2>/dev/null | head -n 1)
-    [ -n "$wid" ] || return 1
-    xdotool mousemove --window "$wid" "$1" "$2" mousedown 1
-    sleep 1
-    xdotool mouseup 1
-    sleep 0.5
-}
 
 LAUNCHER=$(find "$STAGE" -path '*/games/delvemoor' -type l | head -n 1)
 [ -n "$LAUNCHER" ] || { echo "FAIL - no installed command under $STAGE"; exit 1; }
@@ -59,23 +50,16 @@ trap 'kill $XVFB 2>/dev/null; chmod -R u+w "$GAME_FOLDER"' EXIT
 (cd "$WORK/elsewhere" && exec "$LAUNCHER" > "$WORK/game.out" 2>&1) &
 GAME=$!
 check "the log is in the player's state folder" wait_for_line "$LOG" "Load Screen Done" 240
-sleep 2
-grep -qF "OpenGL Card: llvmpipe" "$LOG" && click_at 320 332   # No Thanks
-sleep 6
-click_at 320 313    # Options
-sleep 3
-click_at 264 280    # the second step of Scroll Speed
-sleep 1
-xwd -root -silent > "$WORK/options.xwd" 2>/dev/null
-click_at 320 420    # Return To Menu
-sleep 3
-click_at 320 205    # New Game
-sleep 4
-click_at 190 319    # Custom Game
-sleep 2
-click_at 190 372    # start the first level of planet 1
+player ready 20
+grep -qF "OpenGL Card: llvmpipe" "$LOG" && player click-to 320 332 20   # No Thanks
+player click-to 320 313 20    # Options
+player click 264 280          # the second step of Scroll Speed
+player shot "$WORK/options.png" > /dev/null
+player click-to 320 420 20    # Return To Menu
+player click-to 320 205 20    # New Game
+player click-to 190 319 20    # Custom Game
+player click 190 372          # start the first level of planet 1
 check "Custom Game starts the player's own level" wait_for_line "$LOG" "Successfully loaded level: $MINE" 30
-sleep 2
 # Desktops group the window by its class and show its icon in the task list.
 window_props=$(for w in $(xdotool search --name '^Delvemoor$' 2>/dev/null); do xprop -id "$w" WM_CLASS _NET_WM_ICON; done)
 check "the window's class is the game's" grep -qF 'WM_CLASS(STRING) = "delvemoor", "Delvemoor"' <<< "$window_props"

@@ -48,26 +48,9 @@ game_window() {
 window_geometry() {
     xdotool getwindowgeometry --shell "$(game_window)" 2>/dev/null
 }
-# A point of the 640 x 480 picture (y down) to the window pixel in the middle
-# of its square: the picture is enlarged by the largest whole factor that
-# fits and centred.
-to_window() {  # to_window <x> <y>: prints "wx wy"
-    local WIDTH HEIGHT
-    eval "$(window_geometry | grep -E '^(WIDTH|HEIGHT)=')"
-    local scale=$((WIDTH / 640 < HEIGHT / 480 ? WIDTH / 640 : HEIGHT / 480))
-    echo $(((WIDTH - 640 * scale) / 2 + $1 * scale + scale / 2)) $(((HEIGHT - 480 * scale) / 2 + $2 * scale + scale / 2))
-}
-# A player's click, held long enough for a slow sanitized build to see it.
-hold_click() {  # hold_click <x> <y> in the picture's pixels
-    local wid point
-    wid=$(game_window)
-    [ -n "$wid" ] || return 1
-    point=$(to_window "$1" "$2")
-    xdotool mousemove --window "$wid" $point mousedown 1
-    sleep 1
-    xdotool mouseup 1
-    sleep 0.5
-}
+# Clicks are aimed in the picture's own 640 x 480 pixels; `player` takes
+# them to the window pixel in the middle of each enlarged square (the picture
+# is enlarged by the largest whole factor that fits, and centred).
 # The window as the player sees it, as a PNG.
 window_shot() {  # window_shot <png>
     local X Y WIDTH HEIGHT
@@ -106,50 +89,44 @@ PYEOF
 (cd "$G" && exec ./Delvemoor > "$WORK/game.out" 2>&1) &
 GAME=$!
 check "reaches Load Screen Done" wait_for_line "$G/gamelog.txt" "Load Screen Done" 240
-sleep 2
+player ready 20
 eval "$(window_geometry)"
 check "the window opens at 1280 x 960 (got ${WIDTH:-?} x ${HEIGHT:-?})" test "${WIDTH:-0}x${HEIGHT:-0}" = 1280x960
 check "the log says why" grep -qF "Window enlarged 2 times for a 1920 x 1080 desktop" "$G/gamelog.txt"
 
 # The campaign's first mission, clicked as in the 640 x 480 window.
-source "$SOURCE_DIR/tests/e2e_first_mission.sh" Each
-# screen is waited for by the log line of its fade's darkest point, so a slow
-# build on a busy machine clicks no sooner than a player would.
+source "$SOURCE_DIR/tests/e2e_first_mission.sh"
 menu_stars=2
 if grep -qF "OpenGL Card: llvmpipe" "$G/gamelog.txt"; then
-    hold_click 320 332                           # No Thanks
+    player click-to 320 332 20                   # No Thanks
     menu_stars=3
 fi
 check "the main menu comes" wait_for_count "$G/gamelog.txt" "Starfield loaded" "$menu_stars" 120
-sleep 2
-hold_click 320 205                               # New Game
+player click-to 320 205 20                       # New Game
 check "the selection screen comes" wait_for_count "$G/gamelog.txt" "Loading levels..." 2 60
-sleep 2
-hold_click 190 372                               # start: planet 1, its first mission
+player click-to 190 372 30                       # start: planet 1, its first mission
 check "mission 1 loads" wait_for_line "$G/gamelog.txt" "LEVELS/P1M01_LEV" 30
-sleep 3
 hatch_first_mission
 launch_first_mission
 window_shot "$WORK/mission-complete.png"
 check "the whole picture shows, every pixel a sharp 2 x 2 square" test -z "$(crisp_at_twice "$WORK/mission-complete.png")"
-hold_click 320 348                               # Continue
+player click-to 320 348 30                       # Continue
 check "the mission is won and left" wait_for_line "$G/gamelog.txt" "Exiting level..." 30
 wait_for_count "$G/gamelog.txt" "Loading levels..." 3 60
-sleep 2
-hold_click 230 216                               # the next mission, opened by the win
-hold_click 190 372                               # start
+player click 230 216                             # the next mission, opened by the win
+player click-to 190 372 30                       # start
 check "mission 2 starts" wait_for_line "$G/gamelog.txt" "LEVELS/P1M02_LEV" 30
 
 # The player makes the window larger: the picture stays at twice its size,
 # centred on black, and the pointer still finds the pause panel's buttons.
 xdotool windowsize "$(game_window)" 1500 1000
-sleep 3
+for ((i = 0; i < 100; i++)); do eval "$(window_geometry)"; [ "${WIDTH}x${HEIGHT}" = 1500x1000 ] && break; sleep 0.1; done
+player ready 20                                  # drawn afresh at the new size
 window_shot "$WORK/larger-window.png"
 check "a larger window: the picture centred on black, still sharp" test -z "$(crisp_at_twice "$WORK/larger-window.png")"
-xdotool windowfocus "$(game_window)" 2>/dev/null
-xdotool keydown Escape; sleep 1; xdotool keyup Escape
-sleep 1
-hold_click 320 340                               # Exit on the pause panel
+player key Escape
+player ready 10                                  # the pause panel
+player click 320 340                             # Exit on the pause panel
 check "the pause panel's Exit is found in the larger window" \
     wait_for_count "$G/gamelog.txt" "Loading levels..." 4 60
 

@@ -10,7 +10,7 @@ GAME_DIR=$1
 CLOSE_WINDOW=$2
 WORK=$3
 SOURCE_DIR=${DELVEMOOR_SOURCE_DIR:-$(cd "$(dirname "$0")/.." && pwd)}
-failures=0
+source "$(dirname "$0")/shell_checks.sh"
 # A sanitized build on a shared machine: the game itself needs well under a
 # second, the margin is for a busy disk's flush of the configuration.
 LIMIT_MS=2000
@@ -25,11 +25,6 @@ exit 0
 STUB
 chmod +x "$WORK/bin/xmessage"
 export PATH="$WORK/bin:$PATH"
-
-check() {  # check <description> <command...>
-    local what=$1; shift
-    if "$@"; then echo "ok   - $what"; else echo "FAIL - $what"; failures=$((failures + 1)); fi
-}
 
 XVFB=
 GAME=
@@ -64,7 +59,7 @@ run_case() {
         grep -qF "Load Screen Done" "$dir/gamelog.txt" 2>/dev/null && break
         sleep 0.1
     done
-    sleep 3   # well into the main loop
+    player ready 20   # well into the main loop
 
     local start=$(date +%s%N)
     case $ending in
@@ -111,9 +106,4 @@ run_case server server
 run_case windowkill windowkill
 run_case destroy destroy
 
-echo
-if [ "$failures" -gt 0 ]; then
-    echo "$failures check(s) failed"
-    exit 1
-fi
-echo "all X session checks passed"
+finish "all X session checks passed"

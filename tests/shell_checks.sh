@@ -20,3 +20,8 @@ finish() {  # finish <what passing means>
     fi
     echo "$1"
 }
+# The player's hands and eyes on the game's window, counted in the frames the
+# game shows rather than in seconds (see e2e_window.py for the commands).
+player() {  # player <command> [arguments]
+    /usr/bin/python3 "$(dirname "${BASH_SOURCE[0]}")/e2e_window.py" "$@"
+}
