@@ -18,6 +18,7 @@
 #include "world/catalogue.h"
 #include "world/level.h"
 #include "world/passwords.h"
+#include "support/level_grid.h"
 #include "support/offscreen_gl.h"
 #include "support/scratch.h"
 #include "support/scripted_input.h"
@@ -39,24 +40,17 @@
 // Each black frame of a blackout lets one tick of the timer pass.
 static void blackFramePassesATick() { tickCounter++; }
 
-// A small custom level that the loader accepts: one pod under a hatcher's
-// place, one rocket, on the given planet.
+// A small custom level that the loader accepts: a rocket on the surface and
+// one pod under it, on the given planet.
 static std::string smallLevel(const std::string &title, int planet, int mission)
 {
-    std::ostringstream s;
-    s << title << "\n" << planet << "\n" << mission << "\n0\n0\n500\n5\n9\n";
-    for (int i = 0; i < 9; i++)
-        s << "0\n";
-    for (int x = 0; x < 5; x++)
-        for (int y = 0; y < 9; y++) {
-            int code = (x == 0 || x == 4 || y == 8) ? 11 : y == 7 ? 1 : 0;
-            if (x == 1 && y == 6)
-                code = 13;
-            if (x == 3 && y == 7)
-                code = 12;
-            s << code << "\n";
-        }
-    return s.str();
+    LevelFile f({"B...B", "B...B", "B...B", "B...B", "B...B", "B...B", "BT..B", "B##PB", "BBBBB"});
+    f.title = title;
+    f.planet = std::to_string(planet);
+    f.missionNumber = std::to_string(mission);
+    f.campaignLevel = f.reserved = "0";
+    f.credits = "500";
+    return f.text();
 }
 
 class FrontEnd : public ::testing::Test {
