@@ -31,7 +31,6 @@
 #include <cstring>
 #include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,24 +1,20 @@
-// The screen-state machine's timing, the input snapshot's press edges, the
-// shared pulses and the small start-up rules.
+// The screen-state machine's fades and their switch actions, the input
+// snapshot's press edges and the small start-up rules.
 
-#include "app/launch.h"
 #include "app/screens.h"
 #include "app/startup.h"
 #include "audio/audio.h"
 #include "frontend/screens.h"
 #include "world/catalogue.h"
-#include "support/scratch.h"
 
 #include <allegro.h>
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <unistd.h>
 
 static int fromTicks, toTicks;
 static void countFrom() { fromTicks++; }
@@ -199,16 +195,4 @@ TEST(Startup, GameDirectoryAndSoftwareRenderers)
     EXPECT_TRUE(isSoftwareRenderer("Software Rasterizer"));
     EXPECT_FALSE(isSoftwareRenderer("AMD Radeon RX 6600 (radeonsi, navi23)"));
     EXPECT_FALSE(isSoftwareRenderer(nullptr));
-}
-
-TEST(Launch, StartsProgramsByArgvSoQuotesAndSpacesAreSafe)
-{
-    ScratchFolder dir("delvemoor launch 'quoted'");
-    const std::string marker = dir / "ran";
-    // touch receives the marker's path as one argument, spaces and quotes included.
-    std::string commandLine = "touch \"" + marker + "\"";
-    EXPECT_EQ(launchProcess("/usr/bin/touch", commandLine.c_str(), 5), 0);
-    EXPECT_EQ(access(marker.c_str(), F_OK), 0);
-    EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
-    EXPECT_EQ(launchProcess("/usr/bin/touch", nullptr, 0), 1);
 }
