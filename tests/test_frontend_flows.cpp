@@ -104,21 +104,7 @@ protected:
 
     void TearDown() override { closeLog(); }
 
-    // One frame as the main loop runs it, with one tick owed; `keys` holds
-    // Escape, Space and the Right arrow down.
-    void frame(float x, float y, bool down, bool keys = false)
-    {
-        scriptedButtons = down ? 1 : 0;
-        RawInput raw = {};
-        raw.mouseButtons = scriptedButtons;
-        raw.escape = raw.space = raw.right = keys;
-        sampleInputFrom(raw);
-        input.pointerX = x;
-        input.pointerY = y;
-        runScreenLogic(currentScreen);
-        advancePulses();
-        renderScreen(currentScreen);
-    }
+    void frame(float x, float y, bool down, bool keys = false) { handFrame(x, y, down ? 1 : 0, keys); }
 
     void click(float x, float y)
     {

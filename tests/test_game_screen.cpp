@@ -24,6 +24,7 @@
 #include "sim/rockets.h"
 #include "world/catalogue.h"
 #include "support/scratch.h"
+#include "support/scripted_input.h"
 
 #include <allegro.h>
 #include <jpgalleg.h>
@@ -36,12 +37,6 @@
 #include <sstream>
 
 namespace {
-
-int mouseDown = 0;
-int fakeMouse()
-{
-    return mouseDown;
-}
 
 struct Rgb {
     int r, g, b;
@@ -75,8 +70,8 @@ public:
 
     void SetUp() override
     {
-        readMouseButtons = fakeMouse;
-        mouseDown = 0;
+        readMouseButtons = scriptedMouse;
+        scriptedButtons = 0;
         transition.alpha = 0;
         input = InputSnapshot();
         levelReturnScreen = GameSelect;
@@ -86,7 +81,7 @@ public:
     // One pass of the main loop: input, the ticks owed, the frame.
     void pass(float px, float py, int buttons, int ticks = 1)
     {
-        mouseDown = buttons;
+        scriptedButtons = buttons;
         RawInput raw = {};
         raw.mouseButtons = buttons;
         sampleInputFrom(raw);
