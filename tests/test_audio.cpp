@@ -108,18 +108,6 @@ TEST(Audio, SlotsPlayOncePerTickInterfaceThenEffectThenGame)
     EXPECT_EQ(EffectSoundRequest, 0);
     EXPECT_EQ(InterfaceSoundRequest, 0);
 
-    // Sound 20 is held in the game's slot, neither played nor cleared.
-    calls.clear();
-    SoundRequest = 20;
-    audioUpdate();
-    audioUpdate();
-    EXPECT_TRUE(plays().empty());
-    EXPECT_EQ(SoundRequest, 20);
-    SoundRequest = 0;
-    audioUpdate();
-    ASSERT_EQ(plays().size(), 1u);
-    EXPECT_EQ(plays()[0].sample, 0);
-
     // Values outside each slot's range are cleared without a sound, and a
     // negative game request reads as a huge unsigned one.
     calls.clear();
