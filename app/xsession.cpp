@@ -23,6 +23,7 @@
 #include <xalleg.h>
 
 #include <atomic>
+#include <csignal>
 #include <unistd.h>
 
 static DisplayLostAction displayLostAction = nullptr;
@@ -58,9 +59,23 @@ static int onXError(Display *, XErrorEvent *error)
     return 0;
 }
 
+// A killed client's connection is closed by the server under it: the next
+// frame's write into it must fail, so Xlib hands the loss to the IO-error
+// handler, instead of the process dying of SIGPIPE with nothing saved. A
+// handler that does nothing rather than SIG_IGN: the programs the game starts
+// get the default action back when they begin.
+static void onBrokenPipe(int)
+{
+}
+
 void watchXSession(DisplayLostAction onDisplayLost)
 {
     displayLostAction = onDisplayLost;
+    struct sigaction brokenPipe = {};
+    brokenPipe.sa_handler = onBrokenPipe;
+    sigemptyset(&brokenPipe.sa_mask);
+    brokenPipe.sa_flags = SA_RESTART;
+    sigaction(SIGPIPE, &brokenPipe, nullptr);
     XSetIOErrorHandler(onIoError);
     XSetErrorHandler(onXError);
     if (!_xwin.display || !_xwin.window)
