@@ -3,4 +3,4 @@
 add_test(NAME e2e_scaled
   COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/e2e_scaled.sh ${GAME_DIR} $<TARGET_FILE:close_window>
           ${CMAKE_BINARY_DIR}/e2e-scaled)
-set_tests_properties(e2e_scaled PROPERTIES ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 600)
+set_tests_properties(e2e_scaled PROPERTIES ENVIRONMENT "${DELVEMOOR_TEST_ENV}" TIMEOUT 600 COST 60)
