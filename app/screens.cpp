@@ -63,11 +63,6 @@ void setScreen(u32 id)
     currentScreen = id;
 }
 
-bool fadeRunning()
-{
-    return transition.alpha != 0.0f;
-}
-
 void startTransition(u32 from, u32 to, u32 starfieldMode)
 {
     currentScreen = Transition;
@@ -77,19 +72,29 @@ void startTransition(u32 from, u32 to, u32 starfieldMode)
     transition.starfieldMode = starfieldMode;
 }
 
-// A screen run as the `from` or the `to` of a fade hears no key and no press:
-// its handlers see the snapshot with every key flag and press edge cleared,
-// the pointer and the held latches as they are (so what it draws under the
-// veil does not change). No screen has to remember not to act in a fade.
-static void runUnheard(void (*run)(u32), u32 id)
+static InputSnapshot veiledCopy(const InputSnapshot &heard)
 {
-    const InputSnapshot heard = input;
     InputSnapshot quiet = {};
     quiet.pointerX = heard.pointerX;
     quiet.pointerY = heard.pointerY;
     quiet.leftHeld = heard.leftHeld;
     quiet.rightHeld = heard.rightHeld;
-    input = quiet;
+    quiet.veiled = 1;
+    return quiet;
+}
+
+void runBehindVeil(void (*handler)())
+{
+    const InputSnapshot heard = input;
+    input = veiledCopy(heard);
+    handler();
+    input = heard;
+}
+
+static void runScreenBehindVeil(void (*run)(u32), u32 id)
+{
+    const InputSnapshot heard = input;
+    input = veiledCopy(heard);
     run(id);
     input = heard;
 }
@@ -102,7 +107,7 @@ void transitionTick()
         transition.switchLatch = 1;
 
     if ((double)transition.alpha > 1.2 || transition.phase == 1) {
-        runUnheard(runScreenLogic, transition.to);
+        runScreenBehindVeil(runScreenLogic, transition.to);
         transition.alpha = (float)(transition.alpha - 0.08);
         transition.phase = 1;
         if (transition.switchLatch) {
@@ -111,7 +116,7 @@ void transitionTick()
                 row->arrive();
         }
     } else {
-        runUnheard(runScreenLogic, transition.from);
+        runScreenBehindVeil(runScreenLogic, transition.from);
         transition.alpha = (float)(transition.alpha + 0.08);
     }
 
@@ -132,13 +137,13 @@ static void blackVeil(float alpha)
 void transitionFrame()
 {
     if (transition.phase == 0) {
-        runUnheard(renderScreen, transition.from);
+        runScreenBehindVeil(renderScreen, transition.from);
         blackVeil(transition.alpha);
         return;
     }
     if (transition.quitWhenDark)
         quitRequested = 1;
-    runUnheard(renderScreen, transition.to);
+    runScreenBehindVeil(renderScreen, transition.to);
     blackVeil(transition.alpha);
     if (transition.alpha <= 0.0f) {
         setScreen(transition.to);

@@ -52,6 +52,9 @@ struct InputSnapshot {
     byte leftPressed, rightPressed;
     byte leftHeld, rightHeld;
     float pointerX, pointerY;
+    // Set while a screen runs behind a fade's veil or under a panel laid
+    // over it: it hears nothing, and none of its buttons reports a click.
+    byte veiled;
 };
 
 // What sampleInputFrom reads; the game fills it from Allegro's key[] and mouse_b,
@@ -84,15 +87,15 @@ struct ScreenHandlers {
 };
 ScreenHandlers *handlersFor(u32 id);
 
-// Whether a fade is under way: its veil has some alpha. Buttons are updated
-// under the veil (so they look as the pointer finds them) but their clicks
-// are not taken then.
-bool fadeRunning();
-
 void setScreen(u32 id);
 void startTransition(u32 from, u32 to, u32 starfieldMode);
 void runScreenLogic(u32 id);
 void renderScreen(u32 id);
+// Runs a handler behind the veil: every key flag and press edge cleared, the
+// pointer and the held latches kept, so the screen draws as it would but can
+// act on nothing. The fade runs both of its screens this way, so no screen
+// has to remember not to act in one.
+void runBehindVeil(void (*handler)());
 
 // The main menu and the credits are wiped to black before they draw.
 void clearToBlackFor(u32 screen);

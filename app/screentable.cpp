@@ -36,9 +36,10 @@ static void missionFailedFrame()
     missionFailedPanelFrame();
 }
 
+// The selection screen under the password panel takes no click.
 static void passwordFrame()
 {
-    gameSelectFrame();
+    runBehindVeil(gameSelectFrame);
     passwordPanelFrame();
 }
 

@@ -30,11 +30,9 @@ void slowDriverFrame()
 
     char toolPath[1100];
     snprintf(toolPath, sizeof toolPath, "%s/GfxDriverTool", DataRoot);
-    updateButton(dialogUpperButton, input.pointerX, input.pointerY);
+    updateButtonThroughVeil(dialogUpperButton, input.pointerX, input.pointerY);
     updateButton(dialogLowerButton, input.pointerX, input.pointerY);
 
-    // Not guarded by the fade: the player may leave for the driver tool even
-    // while the intro is already fading in.
     if (wasClicked(dialogUpperButton)) {
         set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
         // Its full path goes in as its own name too, so the tool knows the
@@ -42,7 +40,7 @@ void slowDriverFrame()
         const std::string commandLine = std::string("\"") + toolPath + "\"";
         launchProcess(toolPath, commandLine.c_str(), 0);
         exit(1);
-    } else if (wasClicked(dialogLowerButton) && !fadeRunning()) {
+    } else if (wasClicked(dialogLowerButton)) {
         startTransition(SlowDriverWarning, Intro, StarfieldMenu);
     }
 

@@ -100,15 +100,13 @@ void exitScreenFrame()
 
     updateButton(exitWebPageButton, input.pointerX, input.pointerY);
     updateButton(exitGameButton, input.pointerX, input.pointerY);
-    if (!fadeRunning()) {
-        if (wasClicked(exitWebPageButton)) {
-            openWebsiteAfterExit = 1;
-            leave();
-            stopMusic();
-        } else if (wasClicked(exitGameButton)) {
-            leave();
-            musicStopping = 1;
-        }
+    if (wasClicked(exitWebPageButton)) {
+        openWebsiteAfterExit = 1;
+        leave();
+        stopMusic();
+    } else if (wasClicked(exitGameButton)) {
+        leave();
+        musicStopping = 1;
     }
     char caption[64];
     snprintf(caption, sizeof caption, "Visit %s", MAKERS_PAGE_FILE);

@@ -487,8 +487,7 @@ void gameSelectFrame()
     drawMenuBackdrop();
     drawSquares();
     drawMissionList();
-    if (currentScreen == GameSelect)
-        handleMouse();
+    handleMouse();
     drawWidgets();
     drawModeTexts();
     drawHintPanel();

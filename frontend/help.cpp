@@ -18,14 +18,12 @@ void helpFrame()
 
     updateButton(dialogUpperButton, input.pointerX, input.pointerY);
     updateButton(dialogLowerButton, input.pointerX, input.pointerY);
-    if (!fadeRunning()) {
-        if (wasClicked(dialogUpperButton)) {
-            startTransition(Help, Help, StarfieldMenu);
-            openManualRequested = 1;
-            stopMusic();
-        } else if (wasClicked(dialogLowerButton)) {
-            startTransition(Help, MainMenu, StarfieldMenu);
-        }
+    if (wasClicked(dialogUpperButton)) {
+        startTransition(Help, Help, StarfieldMenu);
+        openManualRequested = 1;
+        stopMusic();
+    } else if (wasClicked(dialogLowerButton)) {
+        startTransition(Help, MainMenu, StarfieldMenu);
     }
     drawButton(dialogUpperButton);
     drawCentredLabel(dialogUpperButton, "View Manual");

@@ -95,6 +95,25 @@ Button editorFileButtons[4] = {
 Button editorBottomPairButtons[2] = {makeButton(234, 17, 32, 32, LOUD), makeButton(405, 17, 32, 32, LOUD)};
 Button editorCentreButton = makeButton(320, 17, 128, 32, LOUD);
 
+// The main menu, the options and the selection screen stand still behind a
+// fade's veil: their buttons keep the look they had when it came down (and
+// the selection screen's, under the password panel).
+static bool holdLooksBehindVeil()
+{
+    Button *const menus[] = {&mainNewGameButton, &mainEditorButton, &mainHelpButton, &mainOptionsButton,
+                             &mainCreditsButton, &mainExitButton, &windowedModeButton, &fullscreenModeButton,
+                             &color32Button, &color16Button, &optionsReturnButton, &previousMissionButton,
+                             &nextMissionButton, &enterPasswordButton, &gameModeButton, &startMissionButton,
+                             &selectReturnButton};
+    for (Button *b : menus)
+        b->holdsLookBehindVeil = 1;
+    for (Button &b : planetButtons)
+        b.holdsLookBehindVeil = 1;
+    return true;
+}
+// After the buttons above: one file's globals are built in the order written.
+[[maybe_unused]] static const bool looksHeld = holdLooksBehindVeil();
+
 // Which GUI triple each widget shows. Sliders take slots 15 (filled) and 16.
 struct FrameRow {
     Button *buttons;

@@ -121,9 +121,9 @@ void mainMenuFrame()
         drawCentredLabel(*e.button, e.label);
     }
 
-    if (currentScreen == MainMenu) {
+    // Behind the veil the menu is a still picture, without the pointer.
+    if (!input.veiled)
         drawPointer();
-        handleButtons();
-    }
+    handleButtons();
     creditScroll = -30;
 }

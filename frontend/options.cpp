@@ -145,8 +145,6 @@ void optionsFrame()
              "Delvemoor Will Need To Be Restarted For New Video Settings To Take Effect");
     drawPointer();
 
-    if (currentScreen == Options) {
-        handleSliders();
-        handleButtons();
-    }
+    handleSliders();
+    handleButtons();
 }

@@ -79,12 +79,10 @@ void passwordPanelFrame()
     drawTexture(320, 230, SpriteTextures[12], 1, 1, 1, 1);
     drawTexture(320, 210, SpriteTextures[30], 1, 1, 1, 1);
 
-    if (currentScreen == PasswordEntry) {
-        updateButton(dialogLowerButton, input.pointerX, input.pointerY);
-        if (wasClicked(dialogLowerButton)) {
-            checkPassword();
-            setScreen(GameSelect);
-        }
+    updateButton(dialogLowerButton, input.pointerX, input.pointerY);
+    if (wasClicked(dialogLowerButton)) {
+        checkPassword();
+        setScreen(GameSelect);
     }
     drawButton(dialogLowerButton);
     drawCentredLabel(dialogLowerButton, "Continue");

@@ -1,4 +1,5 @@
 #include "frontend/widgets.h"
+#include "app/screens.h"
 #include "frontend/layout.h"
 #include "audio/audio.h"
 #include "render/draw.h"
@@ -61,7 +62,7 @@ void setSliderFrames(Slider &s, int filledGuiSlot, int emptyGuiSlot)
     s.emptyFrame = guiSlot(emptyGuiSlot);
 }
 
-void updateButton(Button &b, float px, float py)
+void updateButtonThroughVeil(Button &b, float px, float py)
 {
     bool down = (readMouseButtons() & 1) != 0;
     b.clicked = (b.pressed && !down) ? 1 : 0;
@@ -83,6 +84,14 @@ void updateButton(Button &b, float px, float py)
     } else {
         b.armed = 1;
     }
+}
+
+void updateButton(Button &b, float px, float py)
+{
+    if (!input.veiled || !b.holdsLookBehindVeil)
+        updateButtonThroughVeil(b, px, py);
+    if (input.veiled)
+        b.clicked = 0;
 }
 
 bool wasClicked(const Button &b)
@@ -122,7 +131,7 @@ void drawButtonFaded(const Button &b, float alpha)
 
 void updateSlider(Slider &s, float px, float py)
 {
-    if (!(readMouseButtons() & 1))
+    if (input.veiled || !(readMouseButtons() & 1))
         return;
     float halfW = s.cellWidth / 2.0f, halfH = s.cellHeight / 2.0f;
     for (int k = 1; k <= 10; k++) {

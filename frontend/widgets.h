@@ -14,6 +14,9 @@ struct Button {
     int32_t width, height;
     int32_t clickSound;
     uint8_t armed;
+    // Behind a fade's veil the button keeps the look it had when the veil
+    // came down, instead of following the pointer (the menus' own buttons).
+    uint8_t holdsLookBehindVeil;
 };
 
 struct Slider {
@@ -33,14 +36,19 @@ void setButtonFrames(Button &b, int firstGuiSlot);
 void setSliderFrames(Slider &s, int filledGuiSlot, int emptyGuiSlot);
 
 // Reads the live left-button state itself, as the game always has: a release
-// between two frames still completes the click.
+// between two frames still completes the click. Behind a fade's veil
+// (input.veiled) no button reports a click, so no screen acts in a fade.
 void updateButton(Button &b, float px, float py);
+// The one control that answers through the veil: the player may leave for
+// the driver tool while the intro is already fading in.
+void updateButtonThroughVeil(Button &b, float px, float py);
 bool wasClicked(const Button &b);
 int visualState(const Button &b);  // 0 normal, 1 hovered, 2 pressed
 void drawButton(const Button &b);
 void drawButtonFaded(const Button &b, float alpha);
 void drawButtonTinted(const Button &b, float r, float g, float b2, float a);
 
+// Behind the veil a slider does not move.
 void updateSlider(Slider &s, float px, float py);
 void drawSlider(const Slider &s);
 

@@ -43,24 +43,22 @@ void pausePanelFrame()
     updateButton(pauseResumeButton, px, py);
     updateButton(pauseRetryButton, px, py);
     updateButton(pauseExitButton, px, py);
-    if (!fadeRunning()) {
-        if (wasClicked(pauseResumeButton)) {
+    if (wasClicked(pauseResumeButton)) {
+        setScreen(Playing);
+    } else if (wasClicked(pauseRetryButton)) {
+        // A fresh copy of the level under the same view; the banner has
+        // been seen already.
+        resetMission();
+        if (reloadLevelForRetry()) {
             setScreen(Playing);
-        } else if (wasClicked(pauseRetryButton)) {
-            // A fresh copy of the level under the same view; the banner has
-            // been seen already.
-            resetMission();
-            if (reloadLevelForRetry()) {
-                setScreen(Playing);
-                setStatus(StatusMissionRestarted);
-            } else {
-                // The file went away or changed during play: with nothing
-                // loaded the empty counters would read as a win.
-                leaveLevel(Paused);
-            }
-        } else if (wasClicked(pauseExitButton)) {
+            setStatus(StatusMissionRestarted);
+        } else {
+            // The file went away or changed during play: with nothing
+            // loaded the empty counters would read as a win.
             leaveLevel(Paused);
         }
+    } else if (wasClicked(pauseExitButton)) {
+        leaveLevel(Paused);
     }
     drawPanelButton(pauseResumeButton, -46, -6, "Resume");
     drawPanelButton(pauseRetryButton, -46, -6, "Retry");
@@ -74,7 +72,7 @@ void missionFailedPanelFrame()
     drawTexture(320, 230, SpriteTextures[33], 1, 1, 1, 1);
     updateButton(missionContinueButton, input.pointerX, input.pointerY);
     // Losing changes nothing in the campaign.
-    if (!fadeRunning() && wasClicked(missionContinueButton))
+    if (wasClicked(missionContinueButton))
         leaveLevel(MissionFailed);
     drawPanelButton(missionContinueButton, -40, -6, "Continue");
     drawPointer();
@@ -89,7 +87,7 @@ void missionCompletePanelFrame()
     if (fromSelection)
         showNextPassword();
     updateButton(missionContinueButton, input.pointerX, input.pointerY);
-    if (!fadeRunning() && wasClicked(missionContinueButton)) {
+    if (wasClicked(missionContinueButton)) {
         if (fromSelection)
             advanceCampaign();
         leaveLevel(MissionComplete);

@@ -65,15 +65,22 @@ static bool fits(const CellFit &f)
     return f.target && f.held && f.freeAbove && f.dry;
 }
 
+// The refusals every placement opens with, the cell before the purse; true
+// when the tool acts. What a rule refuses after this outweighs both.
+static bool paysAndFits(const ToolInfo &t, const CellFit &f, const char *offTarget)
+{
+    if (!f.target)
+        refuse(offTarget);
+    else if (mission.credits < t.cost)
+        refuse(StatusNotEnoughCredits);
+    return mission.credits >= t.cost && fits(f);
+}
+
 // Standing structures and hanging girders share one rule; only what holds
 // them up differs.
 static void buildStructure(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    if (!f.target)
-        refuse(StatusCannotBuildHere);
-    else if (mission.credits < t.cost)
-        refuse(StatusNotEnoughCredits);
-    if (mission.credits >= t.cost && fits(f)) {
+    if (paysAndFits(t, f, StatusCannotBuildHere)) {
         setStructure(x, y, t.id);
         charge(t.id, x, y);
         SoundRequest = BuildSound;
@@ -85,11 +92,7 @@ static void buildStructure(const ToolInfo &t, int x, int y, const CellFit &f)
 
 static void buildHatcher(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    if (!f.target)
-        refuse(t.untestedMessage);
-    else if (mission.credits < t.cost)
-        refuse(StatusNotEnoughCredits);
-    if (mission.credits >= t.cost && fits(f)) {
+    if (paysAndFits(t, f, t.untestedMessage)) {
         setStatus(t.doneMessage);
         SoundRequest = BuildSound;
         setStructure(x, y, Hatcher);
@@ -104,11 +107,7 @@ static void buildHatcher(const ToolInfo &t, int x, int y, const CellFit &f)
 // with the explosion.
 static void clearCell(const ToolInfo &t, int x, int y, const CellFit &f)
 {
-    if (!f.target)
-        refuse(t.untestedMessage);
-    else if (mission.credits < t.cost)
-        refuse(StatusNotEnoughCredits);
-    if (mission.credits >= t.cost && fits(f)) {
+    if (paysAndFits(t, f, t.untestedMessage)) {
         setStatus(t.doneMessage);
         if (t.rule == DigRule) {
             SoundRequest = DigSound;

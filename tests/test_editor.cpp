@@ -39,20 +39,9 @@
 
 namespace fs = std::filesystem;
 
-// One tick and one frame of the editor with the pointer at (px, py) in the
-// y-up screen coordinates and the mouse buttons as given (bit 0 left, 1 right).
 static void frame(float px, float py, int buttons)
 {
-    RawInput raw = {};
-    raw.mouseButtons = buttons;
-    raw.mouseX = (int)px;
-    raw.mouseY = SCREEN_HEIGHT - (int)py;
-    sampleInputFrom(raw);
-    input.pointerX = px;
-    input.pointerY = py;
-    scriptedButtons = buttons;
-    runScreenLogic(currentScreen);
-    renderScreen(currentScreen);
+    handFrame(px, py, buttons);
 }
 
 static void click(float px, float py)

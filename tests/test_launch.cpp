@@ -116,12 +116,15 @@ TEST_F(Launch, OpenedDocumentsAndStartedProgramsGetTheirArgumentsAndNothingElse)
     EXPECT_NE(std::string::npos, record.find("arg " + target + "\ncwd " + dir + "/elsewhere\n")) << record;
     expectOnlyStandardDescriptors(record);
 
-    // "Update Drivers": the tool by its full path, its own path as its name.
+    // "Update Drivers": the tool by its full path, its own path as its name;
+    // an argument in quotes reaches it whole, spaces and quotes included.
     const std::string tool = dir + "/bin/GfxDriverTool";
-    EXPECT_EQ(0, launchProcess(tool.c_str(), ("\"" + tool + "\"").c_str(), 0));
+    EXPECT_EQ(0, launchProcess(tool.c_str(), ("\"" + tool + "\" \"" + target + "\"").c_str(), 0));
     record = waitForRecord(dir + "/GfxDriverTool");
-    EXPECT_NE(std::string::npos, record.find("cwd ")) << record;
+    EXPECT_NE(std::string::npos, record.find("arg " + target + "\ncwd ")) << record;
     expectOnlyStandardDescriptors(record);
+    EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
+    EXPECT_EQ(launchProcess(tool.c_str(), nullptr, 0), 1);
 
     // Programs started some other way (the library's own message boxes)
     // must not inherit the log either.

@@ -1,6 +1,6 @@
 // Both level loaders: what a good file gives, the order in which the ring,
 // the counters and the sky are settled, how each reader treats untidy
-// numbers, and that a bad or hostile file goes through the error path with
+// files, and that a bad or hostile file goes through the error path with
 // the previous level intact.
 #include <gtest/gtest.h>
 
@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -156,11 +155,16 @@ TEST_F(LevelLoader, BothLoadersGiveTheSameLevelAndSettleItInOrder)
     EXPECT_NE(std::string::npos, text.find("Successfully loaded level: " + dir + "/file.txt"));
 }
 
-TEST_F(LevelLoader, LineEndsAndEmptyTitle)
+// Files written on other systems, and one with a cell the folder reader
+// cannot read: that cell and every one after it repeat the last one read.
+TEST_F(LevelLoader, ForeignLineEndsAndAnUnreadableCell)
 {
     for (const NamedLoader &loader : loaders) {
         SCOPED_TRACE(loader.name);
-        for (const char *lineEnd : {"\r\n", "\n"}) {
+        for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
+            // The folder reader takes the title as a line of its own.
+            if (lineEnd == "\r" && loader.load == tryLoadLevelFromFile)
+                continue;
             LevelFile file(plainRows());
             file.lineEnd = lineEnd;
             file.title = "";
@@ -173,81 +177,15 @@ TEST_F(LevelLoader, LineEndsAndEmptyTitle)
             EXPECT_EQ(rowsOf(levelFromRows(plainRows())), rowsOf(level));
         }
     }
-}
 
-TEST_F(LevelLoader, PackReaderTruncatesAndReadsLineByLine)
-{
-    LevelFile file(plainRows());
-    file.reserved = "-7.9";
-    file.credits = "1e3";
-    file.missionNumber = "12 14";
-    file.cells[18] = "99";      // column 1, row 8: an unknown code stays
-    file.cells[17] = "  4.99";  // column 1, row 7
-    std::string text = file.text();
-    // Old Mac line ends work too.
-    for (char &c : text)
-        if (c == '\n')
-            c = '\r';
-    const std::string path = write("pack.txt", text);
-    std::string error;
-    ASSERT_TRUE(tryLoadLevelFromPack(level, path.c_str(), &error)) << error;
-    EXPECT_EQ(-7, level.reserved);
-    EXPECT_EQ(1000, mission.credits);
-    EXPECT_EQ(12, level.missionNumber);
-    EXPECT_EQ(Rock1, level.terrain[1][7]);
-    EXPECT_EQ(99, level.terrain[1][8]);
-
-    // A title longer than a line buffer spills into the next line, which is
-    // then no number.
-    LevelFile longTitle(plainRows());
-    longTitle.title = std::string(12000, 'a');
-    const std::string longPath = write("long.txt", longTitle.text());
-    EXPECT_FALSE(tryLoadLevelFromPack(level, longPath.c_str(), &error));
-    EXPECT_NE(std::string::npos, error.find("line 2 is not a number")) << error;
-}
-
-TEST_F(LevelLoader, StreamReaderSplitsOnAnyWhiteSpaceAndStopsQuietly)
-{
-    LevelFile file(plainRows());
-    std::string text = file.title + "\n2 5 0 9\t\t300\n10 10\n0 0 0 0 0 0 0 0 1\n";
-    for (const std::string &cell : file.cells)
-        text += cell + " ";
-    std::string path = write("spaced.txt", text);
-    std::string error;
-    ASSERT_TRUE(tryLoadLevelFromFile(level, path.c_str(), &error)) << error;
-    EXPECT_EQ(2, level.planet);
-    EXPECT_EQ(5, level.missionNumber);
-    EXPECT_EQ(0, level.campaignLevel);
-    EXPECT_EQ(300, mission.credits);
-    EXPECT_EQ(1, mission.toolLocked[8]);
-    EXPECT_EQ(rowsOf(levelFromRows(plainRows())), rowsOf(level));
-
-    // A cell that cannot be read: it and every cell after it repeat the last
-    // one read. Column 3 row 7 is Dirt1, so the rest of the level is dirt
-    // inside the ring.
+    // Column 3 row 7 is Dirt1, so the rest of the level is dirt inside the ring.
     LevelFile broken(plainRows());
     broken.cells[3 * 10 + 8] = "rock";
-    path = write("broken.txt", broken.text());
+    const std::string path = write("broken.txt", broken.text());
+    std::string error;
     ASSERT_TRUE(tryLoadLevelFromFile(level, path.c_str(), &error)) << error;
     EXPECT_EQ("B########B", rowsOf(level)[7]);
     EXPECT_EQ("B..######B", rowsOf(level)[8]);
-
-    // A header number that cannot be read: it and every field after it keep
-    // what the level held before (here the 10 x 10 level just loaded, on
-    // planet 1), and the cells, never read, are all 0.
-    LevelFile badHeader(plainRows());
-    badHeader.planet = "2";
-    badHeader.missionNumber = "nine";
-    badHeader.width = "5";
-    path = write("badheader.txt", badHeader.text());
-    level.missionNumber = 41;
-    ASSERT_TRUE(tryLoadLevelFromFile(level, path.c_str(), &error)) << error;
-    EXPECT_EQ(2, level.planet);
-    EXPECT_EQ(41, level.missionNumber);
-    EXPECT_EQ(10, level.width);
-    EXPECT_EQ(0, mission.credits);
-    EXPECT_EQ(0, mission.podCount);
-    EXPECT_EQ("B........B", rowsOf(level)[7]);
 }
 
 TEST_F(LevelLoader, BadAndHostileFilesFailWithTheLevelIntact)
@@ -276,20 +214,16 @@ TEST_F(LevelLoader, BadAndHostileFilesFailWithTheLevelIntact)
     };
     with("narrow", [](LevelFile &f) { f.width = "2"; }, "(width 2 is outside 3 to 256)",
          "(width 2 is outside 3 to 256)", false);
-    with("wide", [](LevelFile &f) { f.width = "257"; }, "width 257", "width 257", false);
     // What the stream reader cannot read is named as the file holds it, not
     // as the value the field kept.
     with("wraps to 3 in 16 bits", [](LevelFile &f) { f.width = "65539"; }, "width 65539",
          "(width \"65539\" is not a number from 3 to 256)", true);
-    with("negative", [](LevelFile &f) { f.height = "-10"; }, "height -10", "height -10", false);
     with("shallow", [](LevelFile &f) { f.height = "7"; }, "(height 7 is outside 8 to 256)",
          "height 7", false);
     with("deep", [](LevelFile &f) { f.height = "40000"; }, "height 40000",
          "(height \"40000\" is not a number from 8 to 256)", true);
     with("huge", [](LevelFile &f) { f.height = "1e20"; }, "height 2147483647",
          "height 1 is outside", false);
-    with("planet 0", [](LevelFile &f) { f.planet = "0"; }, "(planet 0 is not 1 to 4)",
-         "(planet 0 is not 1 to 4)", false);
     with("planet 5", [](LevelFile &f) { f.planet = "5"; }, "planet 5", "planet 5", false);
     with("short", [](LevelFile &f) { f.cells.resize(40); },
          "(line 58 is not a number: convertToDouble(\"\"))", nullptr, false);

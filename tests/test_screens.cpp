@@ -1,24 +1,20 @@
-// The screen-state machine's timing, the input snapshot's press edges, the
-// shared pulses and the small start-up rules.
+// The screen-state machine's fades and their switch actions, the input
+// snapshot's press edges and the small start-up rules.
 
-#include "app/launch.h"
 #include "app/screens.h"
 #include "app/startup.h"
 #include "audio/audio.h"
 #include "frontend/screens.h"
 #include "world/catalogue.h"
-#include "support/scratch.h"
 
 #include <allegro.h>
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <unistd.h>
 
 static int fromTicks, toTicks;
 static void countFrom() { fromTicks++; }
@@ -77,20 +73,6 @@ TEST(Transition, FadesOutFifteenTicksSwitchesOnTheSixteenthThenFadesIn)
     EXPECT_GE(fadeIn, 15);
     EXPECT_LE(fadeIn, 17);
     EXPECT_EQ(fromTicks, 15);
-}
-
-TEST(Transition, StartingAgainRestartsFromBlackAndKeepsThePhase)
-{
-    PatchedScreens patch;
-    transition = {};
-    startTransition(Options, Help, StarfieldKeep);
-    for (int i = 0; i < 20; i++)
-        transitionTick();
-    ASSERT_EQ(transition.phase, 1);
-    startTransition(Help, Options, StarfieldKeep);
-    EXPECT_EQ(transition.alpha, 0.0f);
-    EXPECT_EQ(transition.phase, 1);
-    transition = {};
 }
 
 // Each black frame of a blackout lets one tick of the timer pass.
@@ -165,47 +147,6 @@ TEST(Transition, SwitchActionsRunOnceAtTheDarkestPoint)
     musicFadingOut = musicFadingIn = 0;
 }
 
-TEST(Screens, SetScreenEntryActions)
-{
-    currentScreen = Options;
-    setScreen(SlowDriverWarning);
-    EXPECT_EQ(currentScreen, (u32)Options) << "the slow-driver warning belongs to start-up alone";
-    SoundRequest = SoundRequestIdle;
-    setScreen(MissionFailed);
-    EXPECT_EQ(SoundRequest, 7);
-    setScreen(MissionComplete);
-    EXPECT_EQ(SoundRequest, 8);
-    transition.alpha = 0.5f;
-    transition.phase = 1;
-    setScreen(Transition);
-    EXPECT_EQ(transition.alpha, 0.0f);
-    EXPECT_EQ(transition.phase, 0);
-    SoundRequest = SoundRequestIdle;
-    runScreenLogic(5);  // ids without a row do nothing
-    renderScreen(22);
-}
-
-TEST(Screens, ThreeOwedTicksRunTheLogicThreeTimesOnOneSnapshot)
-{
-    PatchedScreens patch;
-    currentScreen = Options;
-    tickCounter = 3;
-    runOwedTicks();
-    EXPECT_EQ(fromTicks, 3);
-    EXPECT_EQ(tickCounter.load(), 0);
-}
-
-TEST(Screens, BlackoutConsumesEveryOwedTick)
-{
-    int countdown = 10;
-    tickCounter = 4;
-    EXPECT_TRUE(consumeBlackoutTicks(&countdown));
-    EXPECT_EQ(countdown, 6);
-    tickCounter = 7;  // a long load: more ticks owed than the wait needs
-    EXPECT_FALSE(consumeBlackoutTicks(&countdown));
-    EXPECT_EQ(tickCounter.load(), 0) << "the ticks of the load are not replayed";
-}
-
 static RawInput rawWith(int buttons)
 {
     RawInput raw = {};
@@ -237,17 +178,6 @@ TEST(Input, APressIsReportedInOneFrameOutsideTheEditorAndEveryFrameInIt)
         EXPECT_EQ(input.rightPressed, 1);
     }
     EXPECT_EQ(pressedFrames, 5);
-
-    input = {};
-    currentScreen = MainMenu;
-    RawInput keys = rawWith(2);
-    keys.escape = keys.space = keys.keyZ = 1;
-    sampleInputFrom(keys);
-    EXPECT_TRUE(input.escape && input.space && input.keyZ && input.rightPressed);
-    EXPECT_FALSE(input.keyA || input.up || input.leftPressed);
-    sampleInputFrom(rawWith(2));
-    EXPECT_FALSE(input.escape || input.rightPressed);
-    EXPECT_EQ(input.rightHeld, 1);
 }
 
 TEST(Startup, GameDirectoryAndSoftwareRenderers)
@@ -265,16 +195,4 @@ TEST(Startup, GameDirectoryAndSoftwareRenderers)
     EXPECT_TRUE(isSoftwareRenderer("Software Rasterizer"));
     EXPECT_FALSE(isSoftwareRenderer("AMD Radeon RX 6600 (radeonsi, navi23)"));
     EXPECT_FALSE(isSoftwareRenderer(nullptr));
-}
-
-TEST(Launch, StartsProgramsByArgvSoQuotesAndSpacesAreSafe)
-{
-    ScratchFolder dir("delvemoor launch 'quoted'");
-    const std::string marker = dir / "ran";
-    // touch receives the marker's path as one argument, spaces and quotes included.
-    std::string commandLine = "touch \"" + marker + "\"";
-    EXPECT_EQ(launchProcess("/usr/bin/touch", commandLine.c_str(), 5), 0);
-    EXPECT_EQ(access(marker.c_str(), F_OK), 0);
-    EXPECT_EQ(launchProcess("/nonexistent/GfxDriverTool", "GfxDriverTool", 0), 2);
-    EXPECT_EQ(launchProcess("/usr/bin/touch", nullptr, 0), 1);
 }

@@ -154,22 +154,15 @@ TEST(SimDriver, SolutionTextIsCheckedLineByLine)
 
     EXPECT_TRUE(parseFails("10 girder 3 4\n11 hatch\n", "line 2: step 11"));
     EXPECT_TRUE(parseFails("5 hatch\n5 launch\n", "line 2"));
-    EXPECT_TRUE(parseFails("0 hatch\n", "line 1"));
     EXPECT_TRUE(parseFails("-3 hatch\n", "line 1"));
-    EXPECT_TRUE(parseFails("x hatch\n", "line 1"));
     EXPECT_TRUE(parseFails("99999999999999999999 hatch\n", "line 1"));
     EXPECT_TRUE(parseFails("\n\n7\n", "line 3"));
     EXPECT_TRUE(parseFails("7 fly 3 4\n", "unknown action"));
     EXPECT_TRUE(parseFails("7 girder 3\n", "cell"));
     EXPECT_TRUE(parseFails("7 girder 3 4 5\n", "cell"));
     EXPECT_TRUE(parseFails("7 girder -3 4\n", "cell"));
-    EXPECT_TRUE(parseFails("7 tool\n", "tool"));
     EXPECT_TRUE(parseFails("7 tool spoon\n", "tool"));
     EXPECT_TRUE(parseFails("7 hatch 3 4\n", "takes no cell"));
-
-    for (int32_t tool = Girder; tool <= Dynamite; tool++)
-        EXPECT_EQ(toolFromName(toolName(tool)), tool);
-    EXPECT_EQ(toolFromName("none"), NoTool);
 }
 
 TEST(SimDriver, ThePointerReachesOnlyWhatAPlayersCould)
