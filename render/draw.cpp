@@ -119,9 +119,11 @@ void clearToBlack()
 // gives back exactly its own colour, and the alpha test throws away exactly
 // its holes, so neither needs the renderer's per-pixel blend, which on a
 // software renderer reads every covered pixel back. The alpha test stays on
-// even for wholly opaque pictures: without it Mesa's software renderer takes
-// a shortcut for large plain textured quads that rounds some colours a step
-// differently, and the screen must not change by a shade.
+// for wholly opaque pictures drawn in a colour: without it Mesa's software
+// renderer takes a shortcut for large plain textured quads that rounds some
+// colours a step differently, and the screen must not change by a shade.
+// Drawn in white at their own size they can go without it (blendingFor says
+// when).
 enum TextureAlpha { SoftAlpha, HolesAlpha, OpaqueAlpha };
 
 struct TextureFacts {
@@ -221,12 +223,14 @@ static const TextureFacts &factsOfBound(TextureId texture)
     return factsOfBound(texture, width, height);
 }
 
-// Blend and alpha test as a picture needs them. Every primitive leaves both
-// switched on, as the screens' own drawing expects.
+// Blend and alpha test as a picture needs them, and whether the texture's
+// colour stands alone instead of being multiplied by the vertex colour.
+// Every primitive leaves the blend and the alpha test switched on and the
+// colour multiplying, as the screens' own drawing expects.
 struct Blending {
-    bool blend, alphaTest;
+    bool blend, alphaTest, textureOnly;
 };
-static const Blending FullBlending = {true, true};
+static const Blending FullBlending = {true, true, false};
 static Blending blendingNow = FullBlending;
 
 // setDrawingState switches both on in a new context.
@@ -242,19 +246,45 @@ static void setBlending(Blending wanted)
         wanted.blend ? glEnable(GL_BLEND) : glDisable(GL_BLEND);
     if (wanted.alphaTest != blendingNow.alphaTest)
         wanted.alphaTest ? glEnable(GL_ALPHA_TEST) : glDisable(GL_ALPHA_TEST);
+    if (wanted.textureOnly != blendingNow.textureOnly)
+        glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, wanted.textureOnly ? GL_REPLACE : GL_MODULATE);
     blendingNow = wanted;
 }
 
 // Only at full strength does blending give back the picture's own colour.
 // Holes need the nearest texel: a smooth filter would make soft edges of them.
-static Blending blendingFor(const TextureFacts &facts, float a, bool nearest)
+//
+// A white colour multiplies the texture by one, so the texture alone gives
+// the same picture. And an opaque picture in white, with the nearest texel,
+// no blend and no alpha test, is one that Mesa's software renderer copies
+// straight out of the texture, row by row, where the picture meets the
+// screen's pixels one to one, instead of shading every pixel: the level's
+// backdrop and most terrain. Only there, and only with sides of a power of
+// two (a texel an exact fraction of the texture), is the copy sure to start
+// on the very texel the shading would pick; elsewhere the picture keeps the
+// alpha test, which the shortcut does not take.
+static bool isWhite(float r, float g, float b)
+{
+    return r == 1.0f && g == 1.0f && b == 1.0f;
+}
+
+static bool isPowerOfTwo(int n)
+{
+    return n > 0 && (n & (n - 1)) == 0;
+}
+
+static Blending blendingFor(const TextureFacts &facts, float r, float g, float b, float a, bool nearest,
+                            bool oneToOne)
 {
     if (a != 1.0f)
         return FullBlending;
+    if (facts.alpha == OpaqueAlpha && nearest && oneToOne && isWhite(r, g, b) && isPowerOfTwo(facts.width) &&
+        isPowerOfTwo(facts.height))
+        return Blending{false, false, true};
     if (facts.alpha == OpaqueAlpha)
-        return Blending{false, true};
+        return Blending{false, true, false};
     if (facts.alpha == HolesAlpha && nearest)
-        return Blending{false, true};
+        return Blending{false, true, false};
     return FullBlending;
 }
 
@@ -274,11 +304,11 @@ static void placeTexture(float x, float y, float angle, TextureId texture, float
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     }
-    setBlending(blendingFor(factsOfBound(texture), a, nearest));
+    setBlending(blendingFor(factsOfBound(texture), r, g, b, a, nearest, false));
 }
 
 // The whole texture over the quad, counter-clockwise from the bottom-left.
-static void texturedQuad(float left, float bottom, float right, float top)
+static void wholeTextureQuad(float left, float bottom, float right, float top)
 {
     glBegin(GL_QUADS);
     glTexCoord2f(0, 0);
@@ -290,7 +320,31 @@ static void texturedQuad(float left, float bottom, float right, float top)
     glTexCoord2f(0, 1);
     glVertex2f(left, top);
     glEnd();
+}
+
+static void texturedQuad(float left, float bottom, float right, float top)
+{
+    wholeTextureQuad(left, bottom, right, top);
     setBlending(FullBlending);
+}
+
+// The texels x0..x1, y0..y1 of a texture drawn at its own size with its
+// bottom-left corner at (left, bottom); nothing when the box is empty.
+// Called between glBegin and glEnd.
+static void texelBox(float left, float bottom, int width, int height, int x0, int y0, int x1, int y1)
+{
+    if (x0 >= x1 || y0 >= y1)
+        return;
+    const float u0 = (float)x0 / width, u1 = (float)x1 / width;
+    const float v0 = (float)y0 / height, v1 = (float)y1 / height;
+    glTexCoord2f(u0, v0);
+    glVertex2f(left + x0, bottom + y0);
+    glTexCoord2f(u1, v0);
+    glVertex2f(left + x1, bottom + y0);
+    glTexCoord2f(u1, v1);
+    glVertex2f(left + x1, bottom + y1);
+    glTexCoord2f(u0, v1);
+    glVertex2f(left + x0, bottom + y1);
 }
 
 // A batch: the squares between beginQuadBatch and endQuadBatch that share a
@@ -373,36 +427,50 @@ void endQuadBatch()
 static void batchedSquare(float x, float y, TextureId texture, float r, float g, float b, float a, float half,
                           bool nearest)
 {
-    const bool sameTexture = batchOpen && texture == batchTexture && (!nearest || batchNearest);
-    const Blending wanted = sameTexture ? blendingFor(*batchFacts, a, batchNearest) : FullBlending;
-    if (!sameTexture || wanted.blend != batchBlending.blend || wanted.alphaTest != batchBlending.alphaTest) {
+    // A run that keeps its texture keeps its filtering too.
+    if (!(batchOpen && texture == batchTexture && (!nearest || batchNearest))) {
         closeBatchRun();
-        glLoadIdentity();
         glBindTexture(GL_TEXTURE_2D, texture);
         if (nearest) {
             glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
             glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
         }
-        // A run that keeps its texture keeps its filtering too.
-        const bool runNearest = sameTexture ? batchNearest : nearest;
+        batchTexture = texture;
+        batchNearest = nearest;
         batchFacts = &factsOfBound(texture);
-        batchBlending = blendingFor(*batchFacts, a, runNearest);
+    }
+    const TextureFacts &facts = *batchFacts;
+    const float left = x - half, bottom = y - half;
+    const bool oneToOne =
+        facts.width == 2 * half && facts.height == 2 * half && left == floorf(left) && bottom == floorf(bottom);
+    const Blending wanted = blendingFor(facts, r, g, b, a, batchNearest, oneToOne);
+    if (!batchOpen || wanted.blend != batchBlending.blend || wanted.alphaTest != batchBlending.alphaTest ||
+        wanted.textureOnly != batchBlending.textureOnly) {
+        closeBatchRun();
+        glLoadIdentity();
+        glTranslatef(0, 0, 1);
+        batchBlending = wanted;
         setBlending(batchBlending);
         glBegin(GL_QUADS);
         batchOpen = true;
-        batchTexture = texture;
-        batchNearest = runNearest;
     }
     glColor4f(r, g, b, a);
+    if (batchNearest && oneToOne) {
+        texelBox(left, bottom, facts.width, facts.height, facts.x0, facts.y0, facts.x1, facts.y1);
+        return;
+    }
     glTexCoord2f(0, 0);
-    glVertex3f(x - half, y - half, 1);
+    glVertex2f(x - half, y - half);
     glTexCoord2f(1, 0);
-    glVertex3f(x + half, y - half, 1);
+    glVertex2f(x + half, y - half);
     glTexCoord2f(1, 1);
-    glVertex3f(x + half, y + half, 1);
+    glVertex2f(x + half, y + half);
     glTexCoord2f(0, 1);
-    glVertex3f(x - half, y + half, 1);
+    glVertex2f(x - half, y + half);
 }
+
+static void drawPlacedTexture(float x, float y, TextureId texture, float r, float g, float b, float a, GLint width,
+                              GLint height);
 
 static void drawSquare(float x, float y, float angle, TextureId texture, float r, float g, float b, float a,
                        float size, bool nearest)
@@ -419,26 +487,14 @@ static void drawSquare(float x, float y, float angle, TextureId texture, float r
         closeBatchRun();
     }
     placeTexture(x, y, angle, texture, r, g, b, a, nearest);
+    if (angle == 0 && nearest) {
+        const TextureFacts &facts = factsOfBound(texture);
+        if (facts.width == size && facts.height == size) {
+            drawPlacedTexture(x, y, texture, r, g, b, a, facts.width, facts.height);
+            return;
+        }
+    }
     texturedQuad(-half, -half, half, half);
-}
-
-// The texels x0..x1, y0..y1 of a texture drawn at its own size with its
-// bottom-left corner at (left, bottom); nothing when the box is empty.
-// Called between glBegin and glEnd.
-static void texelBox(float left, float bottom, int width, int height, int x0, int y0, int x1, int y1)
-{
-    if (x0 >= x1 || y0 >= y1)
-        return;
-    const float u0 = (float)x0 / width, u1 = (float)x1 / width;
-    const float v0 = (float)y0 / height, v1 = (float)y1 / height;
-    glTexCoord2f(u0, v0);
-    glVertex2f(left + x0, bottom + y0);
-    glTexCoord2f(u1, v0);
-    glVertex2f(left + x1, bottom + y0);
-    glTexCoord2f(u1, v1);
-    glVertex2f(left + x1, bottom + y1);
-    glTexCoord2f(u0, v1);
-    glVertex2f(left + x0, bottom + y1);
 }
 
 // Below this many pixels the second draw costs more than the blending saved.
@@ -447,7 +503,8 @@ static const int MIN_OPAQUE_MIDDLE = 4096;
 // The size is asked from OpenGL at every call rather than stored: it is the
 // size of the texture AllegroGL made, which may differ from the picture's.
 // The bound texture at its own size, centred on (x, y), where placeTexture put it.
-static void drawPlacedTexture(float x, float y, TextureId texture, float a, GLint width, GLint height)
+static void drawPlacedTexture(float x, float y, TextureId texture, float r, float g, float b, float a, GLint width,
+                              GLint height)
 {
     const float left = -width / 2.0f, bottom = -height / 2.0f;
     // Only where the texels meet whole pixels (every picture at a whole
@@ -462,6 +519,7 @@ static void drawPlacedTexture(float x, float y, TextureId texture, float a, GLin
         setBlending(FullBlending);
         return;
     }
+    setBlending(blendingFor(box, r, g, b, a, true, true));
     // A soft-edged picture with a large opaque middle (a panel, a button) is
     // drawn as that middle, without blending, and the frame around it,
     // blended: the two share no pixel, so the picture is the same.
@@ -476,7 +534,9 @@ static void drawPlacedTexture(float x, float y, TextureId texture, float a, GLin
         texelBox(left, bottom, width, height, box.x0, box.iy0, box.ix0, box.iy1);
         texelBox(left, bottom, width, height, box.ix1, box.iy0, box.x1, box.iy1);
         glEnd();
-        setBlending(Blending{false, true});
+        // The middle keeps the alpha test even in white: drawn as a copy, the
+        // middles of the menu panels came out a shade off here and there.
+        setBlending(Blending{false, true, false});
         glBegin(GL_QUADS);
         texelBox(left, bottom, width, height, box.ix0, box.iy0, box.ix1, box.iy1);
     }
@@ -489,7 +549,48 @@ void drawTexture(float x, float y, TextureId texture, float r, float g, float b,
     placeTexture(x, y, 0, texture, r, g, b, a, true);
     GLint width, height;
     boundSize(&width, &height);
-    drawPlacedTexture(x, y, texture, a, width, height);
+    drawPlacedTexture(x, y, texture, r, g, b, a, width, height);
+}
+
+// The whole texture over a quad of the given size, in rows bottom..top of
+// the screen only; nothing when there are none.
+static void texturedQuadInRows(int w, int h, int bottom, int top)
+{
+    if (bottom >= top)
+        return;
+    scissorPicture(0, bottom, SCREEN_WIDTH, top - bottom);
+    wholeTextureQuad((float)(-w / 2), (float)(-h / 2), (float)(w / 2), (float)(h / 2));
+}
+
+// A picture stretched across but drawn at its own height (the game screen's
+// panels, 512 texels wide on 640 pixels) still meets the screen row for row:
+// its wholly clear rows can go, and rows that are opaque from end to end
+// need no blending. Its quad stays whole and the rows are cut by the
+// scissor: a quad of other corners would place a column's texels by other
+// roundings, and where a pixel's centre falls on the seam of two texels that
+// picks the other one. Only where nothing else scissors the screen, and where
+// the picture's rows are the screen's own; false if it was not drawn.
+static bool drawStretchedAcross(int y, TextureId texture, float a, int w, GLint width, GLint height)
+{
+    GLboolean scissoring = GL_TRUE;
+    glGetBooleanv(GL_SCISSOR_TEST, &scissoring);
+    if (scissoring || currentPicture().scale < 1)
+        return false;
+    const TextureFacts &box = factsOfBound(texture, width, height);
+    const int bottom = y - height / 2;
+    glEnable(GL_SCISSOR_TEST);
+    if (box.alpha == SoftAlpha && a == 1.0f && box.ix0 == 0 && box.ix1 == width &&
+        (box.iy1 - box.iy0) * w >= MIN_OPAQUE_MIDDLE) {
+        texturedQuadInRows(w, height, bottom + box.y0, bottom + box.iy0);
+        texturedQuadInRows(w, height, bottom + box.iy1, bottom + box.y1);
+        setBlending(Blending{false, true, false});
+        texturedQuadInRows(w, height, bottom + box.iy0, bottom + box.iy1);
+    } else {
+        texturedQuadInRows(w, height, bottom + box.y0, bottom + box.y1);
+    }
+    glDisable(GL_SCISSOR_TEST);
+    setBlending(FullBlending);
+    return true;
 }
 
 // Integer halves, so an odd size loses a pixel: widgets are laid out on these.
@@ -501,9 +602,11 @@ void drawTextureSized(int x, int y, TextureId texture, float r, float g, float b
     GLint width, height;
     boundSize(&width, &height);
     if (w == width && h == height && w % 2 == 0 && h % 2 == 0) {
-        drawPlacedTexture((float)x, (float)y, texture, a, width, height);
+        drawPlacedTexture((float)x, (float)y, texture, r, g, b, a, width, height);
         return;
     }
+    if (h == height && h % 2 == 0 && drawStretchedAcross(y, texture, a, w, width, height))
+        return;
     texturedQuad((float)(-w / 2), (float)(-h / 2), (float)(w / 2), (float)(h / 2));
 }
 
@@ -560,8 +663,9 @@ void drawBackdrop()
     placeTexture(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2, backdropAngle, SpriteTextures[39], 1, 1, 1, 1, false);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     // A turned picture never takes the renderer's shortcut: the alpha test
-    // can go too (the same picture, checked against a dump of it).
-    setBlending(Blending{false, false});
+    // can go too (the same picture, checked against a dump of it), and the
+    // white colour with it.
+    setBlending(Blending{false, false, true});
     texturedQuad(-512, -512, 512, 512);
 }
 
