@@ -307,10 +307,8 @@ void drawBottomButtons()
     drawSmallCentredLabel(undoButton, "<");
     drawButton(redoButton);
     drawSmallCentredLabel(redoButton, ">");
-    drawButton(testPlayButton);
-    drawCentredLabel(testPlayButton, "Test Play");
-    drawButton(menuButton);
-    drawCentredLabel(menuButton, "Menu");
+    drawLabelledButton(testPlayButton, "Test Play");
+    drawLabelledButton(menuButton, "Menu");
     drawHoverCaption(undoButton, "Undo");
     drawHoverCaption(redoButton, "Redo");
 
@@ -391,15 +389,12 @@ void menuPanelFrame()
     setColour(1, 1, 1, 1);
     drawMediumCentred(320, 304, "Editor");
     for (int i = 0; i < 5; i++) {
-        drawButton(editorColumnButtons[i]);
-        drawCentredLabel(editorColumnButtons[i], menuCaptions[i]);
+        drawLabelledButton(editorColumnButtons[i], menuCaptions[i]);
     }
     for (int i = 0; i < 4; i++) {
-        drawButton(editorFileButtons[i]);
-        drawCentredLabel(editorFileButtons[i], fileCaptions[i]);
+        drawLabelledButton(editorFileButtons[i], fileCaptions[i]);
     }
-    drawButton(menuBackButton);
-    drawCentredLabel(menuBackButton, "Back");
+    drawLabelledButton(menuBackButton, "Back");
     if (!interactive())
         return;
     for (Button &b : editorColumnButtons)
@@ -452,10 +447,8 @@ void titlePanelFrame()
     drawMediumText(x0 + 6, y0 + 4, editorScreen.fields[TitleField].c_str());
     drawRect(x0 + 6 + 10 * editorScreen.cursor[TitleField], y0 + 3, x0 + 8 + 10 * editorScreen.cursor[TitleField],
              y1 - 3, 1, 0.75f, 0.2f, pulseA);
-    drawButton(settingsOkButton);
-    drawCentredLabel(settingsOkButton, rename ? "Rename" : "Save");
-    drawButton(settingsCancelButton);
-    drawCentredLabel(settingsCancelButton, "Cancel");
+    drawLabelledButton(settingsOkButton, rename ? "Rename" : "Save");
+    drawLabelledButton(settingsCancelButton, "Cancel");
     if (!interactive())
         return;
     updateButton(settingsOkButton, input.pointerX, input.pointerY);
@@ -517,10 +510,8 @@ void settingsPanelFrame()
         drawTextCentred(SmallFont, b.x + 20, b.y - 28, "%d", p);
     }
 
-    drawButton(settingsOkButton);
-    drawCentredLabel(settingsOkButton, editorScreen.settingsForNew ? "Create" : "Apply");
-    drawButton(settingsCancelButton);
-    drawCentredLabel(settingsCancelButton, "Cancel");
+    drawLabelledButton(settingsOkButton, editorScreen.settingsForNew ? "Create" : "Apply");
+    drawLabelledButton(settingsCancelButton, "Cancel");
     setColour(0.7f, 0.7f, 0.7f, 1);
     drawSmallText(440, 186, "Width 3-256, height 8-256");
     drawSmallText(440, 176, editorScreen.settingsForNew ? "" : "A new size keeps the top left");
@@ -685,10 +676,8 @@ void openPanelFrame()
     setColour(0.9f, 0.9f, 0.9f, 1);
     drawTextCentred(SmallFont, 320, 36, "Page %d of %d", editorScreen.openPage + 1,
                     pages > 0 ? pages : 1);
-    drawButton(openBackButton);
-    drawCentredLabel(openBackButton, "Back");
-    drawButton(sourceButton);
-    drawCentredLabel(sourceButton, editorScreen.openCampaign ? "Custom" : "Campaign");
+    drawLabelledButton(openBackButton, "Back");
+    drawLabelledButton(sourceButton, editorScreen.openCampaign ? "Custom" : "Campaign");
 
     if (!interactive())
         return;
@@ -739,13 +728,10 @@ void questionPanelFrame()
     drawSmallCentred(320, 240, deleting ? "Its file and its winning run are removed for good"
                                         : "Save them before going on?");
     if (!deleting) {
-        drawButton(questionSaveButton);
-        drawCentredLabel(questionSaveButton, "Save");
+        drawLabelledButton(questionSaveButton, "Save");
     }
-    drawButton(questionDiscardButton);
-    drawCentredLabel(questionDiscardButton, deleting ? "Delete" : "Discard");
-    drawButton(questionCancelButton);
-    drawCentredLabel(questionCancelButton, "Cancel");
+    drawLabelledButton(questionDiscardButton, deleting ? "Delete" : "Discard");
+    drawLabelledButton(questionCancelButton, "Cancel");
     if (!interactive())
         return;
     if (!deleting)

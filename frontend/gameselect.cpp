@@ -430,8 +430,7 @@ static void drawWidgets()
         drawOffsetLabel(gameModeButton, -68, "Campaign Game", s.modeAlpha);
     if (missionCanStart())
         drawButtonFaded(startMissionButton, s.messageAlpha);
-    drawButton(selectReturnButton);
-    drawCentredLabel(selectReturnButton, "Return To Menu");
+    drawLabelledButton(selectReturnButton, "Return To Menu");
 }
 
 static void drawMessageLine()

@@ -25,10 +25,8 @@ void helpFrame()
     } else if (wasClicked(dialogLowerButton)) {
         startTransition(Help, MainMenu, StarfieldMenu);
     }
-    drawButton(dialogUpperButton);
-    drawCentredLabel(dialogUpperButton, "View Manual");
-    drawButton(dialogLowerButton);
-    drawCentredLabel(dialogLowerButton, "Main Menu");
+    drawLabelledButton(dialogUpperButton, "View Manual");
+    drawLabelledButton(dialogLowerButton, "Main Menu");
 
     glColor4f(1, 1, 1, 1);
     drawMediumCentred(320, 310, "View Manual");

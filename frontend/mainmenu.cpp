@@ -117,8 +117,7 @@ void mainMenuFrame()
     drawTexture(436, markerY, SpriteTextures[43], 1, 1, 1, 1);
 
     for (const MenuEntry &e : DRAW_ORDER) {
-        drawButton(*e.button);
-        drawCentredLabel(*e.button, e.label);
+        drawLabelledButton(*e.button, e.label);
     }
 
     // Behind the veil the menu is a still picture, without the pointer.

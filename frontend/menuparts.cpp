@@ -32,6 +32,12 @@ void drawCentredLabel(const Button &b, const char *text, float alpha)
     drawTextCentred(MediumFont, b.x - shift, b.y - 6 - shift, "%s", text);
 }
 
+void drawLabelledButton(const Button &b, const char *text)
+{
+    drawButton(b);
+    drawCentredLabel(b, text);
+}
+
 void drawOffsetLabel(const Button &b, float dx, const char *text, float alpha)
 {
     float shift = pressShift(b);

@@ -13,6 +13,8 @@ const float LABEL_GREY = 0.9f;
 // A label in the 12-pixel font, centred on the button 6 pixels below its
 // centre, one pixel further left and down while the button is held.
 void drawCentredLabel(const Button &b, const char *text, float alpha = 1.0f);
+// A button and its centred label, the way most of them are drawn.
+void drawLabelledButton(const Button &b, const char *text);
 // The same with the text starting dx pixels right of the button's centre.
 void drawOffsetLabel(const Button &b, float dx, const char *text, float alpha = 1.0f);
 // The 8-pixel font variant, 4 pixels below the centre, white.

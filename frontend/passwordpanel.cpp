@@ -84,8 +84,7 @@ void passwordPanelFrame()
         checkPassword();
         setScreen(GameSelect);
     }
-    drawButton(dialogLowerButton);
-    drawCentredLabel(dialogLowerButton, "Continue");
+    drawLabelledButton(dialogLowerButton, "Continue");
 
     glColor4f(1, 1, 1, 1);
     drawMediumCentred(320, 300, "Enter Password");

@@ -89,11 +89,7 @@ screenshot() {  # screenshot <png>
 
 # ---------------------------------------------------------------------------
 # The X server
-exec 3>"$WORK/display"
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp > "$WORK/xvfb.log" 2>&1 &
-XVFB=$!
-for ((i = 0; i < 100; i++)); do [ -s "$WORK/display" ] && break; sleep 0.1; done
-export DISPLAY=:$(cat "$WORK/display")
+start_x_server "$WORK/display" "$WORK/xvfb.log" 1024x768
 trap 'kill $XVFB 2>/dev/null' EXIT
 echo "Xvfb on $DISPLAY"
 

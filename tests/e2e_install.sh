@@ -40,11 +40,7 @@ chmod -R a-w "$GAME_FOLDER"
 trap 'chmod -R u+w "$GAME_FOLDER"' EXIT
 find "$GAME_FOLDER" -printf '%p %s %T@\n' | sort > "$WORK/game-folder-before"
 
-exec 3>"$WORK/display"
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp > "$WORK/xvfb.log" 2>&1 &
-XVFB=$!
-for ((i = 0; i < 100; i++)); do [ -s "$WORK/display" ] && break; sleep 0.1; done
-export DISPLAY=:$(cat "$WORK/display")
+start_x_server "$WORK/display" "$WORK/xvfb.log" 1024x768
 trap 'kill $XVFB 2>/dev/null; chmod -R u+w "$GAME_FOLDER"' EXIT
 
 (cd "$WORK/elsewhere" && exec "$LAUNCHER" > "$WORK/game.out" 2>&1) &

@@ -34,11 +34,7 @@ rm -f "$G/gamelog.txt"
 cp "$SOURCE_DIR/assets/gamedir/gameconfig.cfg" "$G/gameconfig.cfg"
 cp "$G/gameconfig.cfg" "$WORK/gameconfig.before"
 
-exec 3>"$WORK/display"
-Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp > "$WORK/xvfb.log" 2>&1 &
-XVFB=$!
-for ((i = 0; i < 100; i++)); do [ -s "$WORK/display" ] && break; sleep 0.1; done
-export DISPLAY=:$(cat "$WORK/display")
+start_x_server "$WORK/display" "$WORK/xvfb.log" 1920x1080
 trap 'kill $XVFB 2>/dev/null' EXIT
 
 game_window() {

@@ -46,12 +46,7 @@ run_case() {
         > "$dir/gameconfig.cfg"
     export XMESSAGE_LOG=$WORK/$name-xmessage.log
 
-    exec 3>"$WORK/$name.display"
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp > "$WORK/$name.xvfb.log" 2>&1 &
-    XVFB=$!
-    exec 3>&-
-    for ((i = 0; i < 100; i++)); do [ -s "$WORK/$name.display" ] && break; sleep 0.1; done
-    export DISPLAY=:$(cat "$WORK/$name.display")
+    start_x_server "$WORK/$name.display" "$WORK/$name.xvfb.log" 1024x768
 
     (cd "$dir" && exec ./Delvemoor > "$WORK/$name.out" 2>&1) &
     GAME=$!

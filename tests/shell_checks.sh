@@ -12,6 +12,15 @@ wait_for_line() {  # wait_for_line <file> <text> <seconds>
     done
     return 1
 }
+# An X server of the run's own: it picks a free display and writes the number
+# into the file. Sets XVFB (the server's process) and DISPLAY.
+start_x_server() {  # start_x_server <display file> <log> <width>x<height>
+    local i
+    Xvfb -displayfd 3 -screen 0 "$3x24" -nolisten tcp 3>"$1" > "$2" 2>&1 &
+    XVFB=$!
+    for ((i = 0; i < 100; i++)); do [ -s "$1" ] && break; sleep 0.1; done
+    export DISPLAY=:$(cat "$1")
+}
 finish() {  # finish <what passing means>
     echo
     if [ "$failures" -gt 0 ]; then
